@@ -1,0 +1,20 @@
+# Flags that every target of the project is built with.
+add_library(quillmark_flags INTERFACE)
+target_compile_options(quillmark_flags INTERFACE
+    -Wall -Wextra -Wconversion -Wsign-conversion -Werror)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    target_compile_options(quillmark_flags INTERFACE -Wno-unknown-warning-option)
+endif()
+
+if(QUILLMARK_SANITIZE)
+    target_compile_options(quillmark_flags INTERFACE
+        -fsanitize=${QUILLMARK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(quillmark_flags INTERFACE -fsanitize=${QUILLMARK_SANITIZE})
+endif()
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+    # Precompiled headers carry time stamps, which ccache has to be told to overlook.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE_PROGRAM})
+endif()

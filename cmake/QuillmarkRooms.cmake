@@ -1,0 +1,16 @@
+# A room is one static library made of the sources of its folder. Sources named for a platform
+# (`*_posix.cpp`, `*_icu.cpp`, `*_win32.cpp`) are taken only on that platform, so that no source
+# holds a test of the platform.
+function(quillmark_room name)
+    cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS
+        ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
+    if(WIN32)
+        list(FILTER sources EXCLUDE REGEX "_(posix|icu)\\.cpp$")
+    else()
+        list(FILTER sources EXCLUDE REGEX "_win32\\.cpp$")
+    endif()
+    add_library(quillmark_${name} STATIC ${sources})
+    target_include_directories(quillmark_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(quillmark_${name} PRIVATE quillmark_flags PUBLIC ${ROOM_LINKS})
+endfunction()

@@ -1,0 +1,23 @@
+// Whole files in and out. Paths are UTF-8 in `std::filesystem::path`.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "core/bytes.h"
+
+namespace quillmark {
+
+// Throws Failure (53 missing, 70 permission, 57 device).
+[[nodiscard]] Bytes readFile(const std::filesystem::path& file);
+
+// Writes a new file beside the target and lets it take the target's name in one step, so that a
+// failure leaves the old file as it was. Keeps the permissions of an old file. Follows a link to
+// the file it names. Throws Failure (61 disk full, 70 permission, 76 path, 57 device).
+void replaceFile(const std::filesystem::path& target, ByteView content);
+
+// True when `replaceFile` can be expected to work: the file isn't read-only, nor held by another
+// program where the platform knows that, and its folder takes new files.
+[[nodiscard]] bool isWritable(const std::filesystem::path& target);
+
+}  // namespace quillmark

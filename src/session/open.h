@@ -1,0 +1,31 @@
+// Opens a TYP or text file into a fresh document.
+#pragma once
+
+#include <filesystem>
+
+#include "core/document.h"
+#include "core/journal.h"
+#include "core/translation.h"
+#include "text/code_pages.h"
+
+namespace quillmark {
+
+struct OpenedFile {
+    Document document;
+    Journal journal;
+    bool OuvertEnTexte = false;
+    bool utf8 = false;          // a text that was decoded as UTF-8
+    bool hasMagic = true;       // false: a TYP file without its magic
+    bool namesCodePage = true;  // false: a text that names no code page
+    std::size_t fileSize = 0;   // bytes
+};
+
+// By the extension: ".txt" (in any case) is text, everything else TYP. Throws Failure when the
+// file can't be read.
+[[nodiscard]] OpenedFile openFile(const std::filesystem::path& file, TextFileEncoding encoding,
+                                  const Traduction& traduction);
+// The same for bytes already at hand.
+[[nodiscard]] OpenedFile openBytes(ByteView bytes, bool isText, TextFileEncoding encoding,
+                                   const Traduction& traduction);
+
+}  // namespace quillmark
