@@ -1,6 +1,8 @@
 // The moment that headers and comments carry. `SOURCE_DATE_EPOCH` sets it, so that builds repeat.
 #pragma once
 
+#include <ctime>
+
 namespace quillmark {
 
 struct DateTime {
@@ -15,5 +17,8 @@ struct DateTime {
 
 // Local time, or UTC of `SOURCE_DATE_EPOCH` (seconds since 1970) when that is set to a number.
 [[nodiscard]] DateTime currentDateTime();
+
+// The platform's local time of a moment, safe to ask for from any thread.
+[[nodiscard]] std::tm localTime(std::time_t moment);
 
 }  // namespace quillmark

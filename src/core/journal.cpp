@@ -1,0 +1,101 @@
+#include "core/journal.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/translation.h"
+
+namespace quillmark {
+namespace {
+
+constexpr std::string_view kLineBreak = "\r\n";
+
+std::string composeKind(const std::vector<const JournalEntry*>& entries) {
+    std::string text;
+    for (const JournalEntry* entry : entries) {
+        if (entry->text.empty() || (entry->text[0] != '\r' && entry->text[0] != '\n')) {
+            text += kLineBreak;
+        }
+        text += entry->text;
+    }
+    return text;
+}
+
+}  // namespace
+
+void Journal::add(JournalEntry entry) {
+    ++(entry.kind == JournalKind::error ? errors_ : warnings_);
+    entries_.push_back(std::move(entry));
+}
+
+void Journal::error(std::string text, std::string context, int line) {
+    add({JournalKind::error, std::move(context), line, std::move(text)});
+}
+
+void Journal::warning(std::string text, std::string context, int line) {
+    add({JournalKind::warning, std::move(context), line, std::move(text)});
+}
+
+void Journal::append(const Journal& other) {
+    // By index up to the old size, so that a journal can be appended to itself.
+    const std::size_t count = other.entries_.size();
+    entries_.reserve(entries_.size() + count);
+    for (std::size_t i = 0; i < count; ++i) {
+        add(other.entries_[i]);
+    }
+}
+
+void Journal::clear() {
+    *this = {};
+}
+
+std::vector<const JournalEntry*> Journal::shown(JournalKind kind) const {
+    std::vector<const JournalEntry*> order;
+    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+        if (entry->kind == kind && entry->line == 0) {
+            order.push_back(&*entry);
+        }
+    }
+    const auto binaryEntries = static_cast<std::ptrdiff_t>(order.size());
+    for (const JournalEntry& entry : entries_) {
+        if (entry.kind == kind && entry.line != 0) {
+            order.push_back(&entry);
+        }
+    }
+    std::stable_sort(
+        order.begin() + binaryEntries, order.end(),
+        [](const JournalEntry* a, const JournalEntry* b) { return a->line < b->line; });
+    return order;
+}
+
+std::string Journal::JournalErreurs() const {
+    return composeKind(shown(JournalKind::error));
+}
+
+std::string Journal::JournalAvertissements() const {
+    return composeKind(shown(JournalKind::warning));
+}
+
+JournalText composeJournal(const Journal& journal, const std::string& documentPath,
+                           const Traduction& traduction) {
+    const std::string lineBreak(kLineBreak);
+    const std::string rule(150, '-');
+    JournalText result;
+    result.label = journal.ErreurFlag() ? traduction.Trad("Erreurs", "Erreurs", "lblErreurs")
+                                        : traduction.Trad("Erreurs", "Messages", "lblMessages");
+    result.text = documentPath + lineBreak + lineBreak;
+    if (journal.ErreurFlag()) {
+        result.text +=
+            rule + lineBreak +
+            traduction.Trad("Erreurs", "Erreurs rencontrées dans le fichier", "msgErreur") +
+            lineBreak + rule + journal.JournalErreurs() + lineBreak + lineBreak;
+    }
+    if (journal.AvertissementFlag()) {
+        result.text += lineBreak + rule + lineBreak +
+                       traduction.Trad("Erreurs", "Avertissements", "msgWarning") + lineBreak +
+                       rule + journal.JournalAvertissements();
+    }
+    return result;
+}
+
+}  // namespace quillmark

@@ -1,0 +1,77 @@
+#include "core/settings.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace quillmark {
+namespace {
+
+std::string lowered(std::string_view name) {
+    std::string text(name);
+    for (char& c : text) {
+        if (c >= 'A' && c <= 'Z') {
+            c = static_cast<char>(c - 'A' + 'a');
+        }
+    }
+    return text;
+}
+
+std::string place(std::string_view section, std::string_view key) {
+    return lowered(section) + '\0' + lowered(key);
+}
+
+// Stores hold the word in the language of the machine that wrote it.
+constexpr std::array<std::string_view, 12> kTrueWords{"true", "vrai",       "yes",  "oui",
+                                                      "on",   "wahr",       "ja",   "verdadero",
+                                                      "vero", "verdadeiro", "waar", "si"};
+constexpr std::array<std::string_view, 10> kFalseWords{"false",  "faux", "no",    "non",    "off",
+                                                       "falsch", "nein", "falso", "onwaar", "nee"};
+
+template <std::size_t N>
+bool contains(const std::array<std::string_view, N>& words, std::string_view word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+}  // namespace
+
+std::optional<std::string> MemorySettings::read(std::string_view section,
+                                                std::string_view key) const {
+    const auto found = values_.find(place(section, key));
+    if (found == values_.end()) {
+        return std::nullopt;
+    }
+    return found->second;
+}
+
+void MemorySettings::write(std::string_view section, std::string_view key, std::string_view value) {
+    values_[place(section, key)] = std::string(value);
+}
+
+bool readBoolean(const SettingsStore& store, std::string_view section, std::string_view key,
+                 bool defaut) {
+    const std::optional<std::string> stored = store.read(section, key);
+    if (!stored) {
+        return defaut;
+    }
+    std::string word = lowered(*stored);
+    word.erase(0, word.find_first_not_of(" \t"));
+    word.erase(word.find_last_not_of(" \t") + 1);
+    if (contains(kTrueWords, word)) {
+        return true;
+    }
+    if (contains(kFalseWords, word)) {
+        return false;
+    }
+    char* end = nullptr;
+    const double number = std::strtod(word.c_str(), &end);
+    const bool isNumber = !word.empty() && end == word.c_str() + word.size();
+    return isNumber ? number != 0.0 : defaut;
+}
+
+TextSettings readTextSettings(const SettingsStore& store) {
+    return {readBoolean(store, "Paramètres", "FormatPOI", true),
+            !readBoolean(store, "Paramètres", "MasquerTextePOI", false)};
+}
+
+}  // namespace quillmark
