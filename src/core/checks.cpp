@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "core/ascii.h"
+
 namespace quillmark {
 namespace {
 
@@ -12,11 +14,7 @@ constexpr int kLegal = -1;
 constexpr int kRefused = 0;
 
 std::optional<std::int32_t> number(std::string_view text, int base) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return std::nullopt;
-    }
-    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+    text = trimmed(text);
     std::int32_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
     if (error != std::errc() || end != text.data() + text.size() || value < 0) {

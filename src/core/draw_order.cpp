@@ -5,18 +5,11 @@
 #include <charconv>
 #include <tuple>
 
+#include "core/ascii.h"
 #include "core/records.h"
 
 namespace quillmark {
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
 
 // The number at the end of the last `width` characters, so that "0x5" is 5 as "005" is.
 std::int32_t hexTail(std::string_view part, std::size_t width) {

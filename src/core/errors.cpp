@@ -9,6 +9,28 @@ ReadError::ReadError(std::size_t position, std::size_t wanted)
                                             " octets au-delà de la fin des données, position " +
                                             std::to_string(position)) {}
 
+void failOnFile(ErrorNumber number, const std::string& file) {
+    const auto what = [number] {
+        switch (number) {
+            case ErrorNumber::fileMissing:
+                return "fichier introuvable";
+            case ErrorNumber::diskFull:
+                return "disque plein";
+            case ErrorNumber::permission:
+                return "permission refusée";
+            case ErrorNumber::path:
+                return "chemin d'accès introuvable";
+            case ErrorNumber::memory:
+                return "mémoire insuffisante";
+            case ErrorNumber::overflow:
+                return "fichier trop grand";
+            default:
+                return "erreur de périphérique";
+        }
+    };
+    throw Failure(number, std::string(what()) + " : " + file);
+}
+
 ErrorFacts currentErrorFacts() {
     try {
         throw;

@@ -39,6 +39,9 @@ class ReadError : public Failure {
     ReadError(std::size_t position, std::size_t wanted);
 };
 
+// Throws a Failure that says what is wrong with a file. `file` is UTF-8.
+[[noreturn]] void failOnFile(ErrorNumber number, const std::string& file);
+
 // The error number and description of any exception, for the journal and for boxes.
 struct ErrorFacts {
     ErrorNumber number = ErrorNumber::other;

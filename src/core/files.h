@@ -8,7 +8,10 @@
 
 namespace quillmark {
 
-// Throws Failure (53 missing, 70 permission, 57 device).
+// Positions in these files are 32-bit signed numbers.
+inline constexpr std::size_t kLargestFile = 0x7FFFFFFF;
+
+// Throws Failure (53 missing, 70 permission, 76 path, 57 device, 6 above `kLargestFile`).
 [[nodiscard]] Bytes readFile(const std::filesystem::path& file);
 
 // Writes a new file beside the target and lets it take the target's name in one step, so that a

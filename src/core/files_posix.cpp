@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <limits>
 #include <utility>
 
 namespace quillmark {
@@ -14,18 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Positions in these files are 32-bit signed numbers.
-constexpr std::size_t kLargestFile = std::numeric_limits<std::int32_t>::max();
-
 [[noreturn]] void fail(ErrorNumber number, const fs::path& file) {
-    const char* what = number == ErrorNumber::fileMissing  ? "fichier introuvable"
-                       : number == ErrorNumber::diskFull   ? "disque plein"
-                       : number == ErrorNumber::permission ? "permission refusée"
-                       : number == ErrorNumber::path       ? "chemin d'accès introuvable"
-                       : number == ErrorNumber::memory     ? "mémoire insuffisante"
-                       : number == ErrorNumber::overflow   ? "fichier trop grand"
-                                                           : "erreur de périphérique";
-    throw Failure(number, std::string(what) + " : " + file.string());
+    failOnFile(number, file.string());
 }
 
 [[noreturn]] void failByErrno(int error, const fs::path& file, ErrorNumber whenMissing) {
@@ -124,9 +113,14 @@ fs::path followed(fs::path file) {
     return file;
 }
 
+// By the user whom writes go by, who can differ from the one who started the program.
+bool may(int what, const fs::path& file) {
+    return ::faccessat(AT_FDCWD, file.c_str(), what, AT_EACCESS) == 0;
+}
+
 bool isReadOnly(const fs::path& file, mode_t mode) {
     // Root may write to everything; a file without any write bit is still meant to stay.
-    return (mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || ::access(file.c_str(), W_OK) != 0;
+    return (mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0 || !may(W_OK, file);
 }
 
 void writeAll(int descriptor, ByteView content, const fs::path& target) {
@@ -251,7 +245,7 @@ bool isWritable(const fs::path& link) {
         }
     }
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    return ::access(folder.c_str(), W_OK | X_OK) == 0 && fs::is_directory(folder);
+    return may(W_OK | X_OK, folder) && fs::is_directory(folder);
 }
 
 }  // namespace quillmark

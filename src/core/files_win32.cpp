@@ -5,7 +5,6 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace quillmark {
@@ -13,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Positions in these files are 32-bit signed numbers.
-constexpr std::size_t kLargestFile = std::numeric_limits<std::int32_t>::max();
 constexpr DWORD kLargestStep = 1U << 24U;
 
 std::string utf8(const fs::path& file) {
@@ -23,14 +20,7 @@ std::string utf8(const fs::path& file) {
 }
 
 [[noreturn]] void fail(ErrorNumber number, const fs::path& file) {
-    const char* what = number == ErrorNumber::fileMissing  ? "fichier introuvable"
-                       : number == ErrorNumber::diskFull   ? "disque plein"
-                       : number == ErrorNumber::permission ? "permission refusée"
-                       : number == ErrorNumber::path       ? "chemin d'accès introuvable"
-                       : number == ErrorNumber::memory     ? "mémoire insuffisante"
-                       : number == ErrorNumber::overflow   ? "fichier trop grand"
-                                                           : "erreur de périphérique";
-    throw Failure(number, std::string(what) + " : " + utf8(file));
+    failOnFile(number, utf8(file));
 }
 
 [[noreturn]] void failByCode(DWORD error, const fs::path& file, ErrorNumber whenMissing) {

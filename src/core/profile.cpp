@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "core/ascii.h"
 #include "core/errors.h"
 #include "core/files.h"
 
@@ -10,26 +11,6 @@ namespace quillmark {
 namespace {
 
 constexpr std::size_t kMaxCharacters = 1023;
-constexpr std::string_view kBlanks = " \t\v\f";
-
-// Names of sections and keys are compared in this form.
-std::string folded(std::string_view name) {
-    std::string text(name);
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return text;
-}
-
-std::string_view trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 bool isContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
@@ -141,7 +122,7 @@ Profile Profile::parse(std::string_view text) {
         const std::size_t bracket = line[0] == '[' ? line.rfind(']') : std::string_view::npos;
         if (bracket != std::string_view::npos) {
             const auto [place, added] =
-                profile.sections_.try_emplace(folded(trimmed(line.substr(1, bracket - 1))));
+                profile.sections_.try_emplace(loweredAscii(trimmed(line.substr(1, bracket - 1))));
             current = added ? &place->second : nullptr;
             continue;
         }
@@ -150,7 +131,7 @@ Profile Profile::parse(std::string_view text) {
             continue;
         }
         const std::string_view key = trimmed(line.substr(0, equals));
-        const auto [place, added] = current->values.try_emplace(folded(key));
+        const auto [place, added] = current->values.try_emplace(loweredAscii(key));
         if (added) {
             place->second = handedOut(line.substr(equals + 1));
             current->order.emplace_back(key);
@@ -169,11 +150,11 @@ Profile Profile::load(const std::filesystem::path& file) {
 }
 
 std::optional<std::string> Profile::find(std::string_view section, std::string_view cle) const {
-    const auto found = sections_.find(folded(section));
+    const auto found = sections_.find(loweredAscii(section));
     if (found == sections_.end()) {
         return std::nullopt;
     }
-    const auto value = found->second.values.find(folded(cle));
+    const auto value = found->second.values.find(loweredAscii(cle));
     if (value == found->second.values.end()) {
         return std::nullopt;
     }
@@ -181,7 +162,7 @@ std::optional<std::string> Profile::find(std::string_view section, std::string_v
 }
 
 std::vector<std::string> Profile::keys(std::string_view section) const {
-    const auto found = sections_.find(folded(section));
+    const auto found = sections_.find(loweredAscii(section));
     return found == sections_.end() ? std::vector<std::string>() : found->second.order;
 }
 

@@ -4,21 +4,13 @@
 #include <array>
 #include <cstdlib>
 
+#include "core/ascii.h"
+
 namespace quillmark {
 namespace {
 
-std::string lowered(std::string_view name) {
-    std::string text(name);
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return text;
-}
-
 std::string place(std::string_view section, std::string_view key) {
-    return lowered(section) + '\0' + lowered(key);
+    return loweredAscii(section) + '\0' + loweredAscii(key);
 }
 
 // Stores hold the word in the language of the machine that wrote it.
@@ -54,9 +46,7 @@ bool readBoolean(const SettingsStore& store, std::string_view section, std::stri
     if (!stored) {
         return defaut;
     }
-    std::string word = lowered(*stored);
-    word.erase(0, word.find_first_not_of(" \t"));
-    word.erase(word.find_last_not_of(" \t") + 1);
+    const std::string word = loweredAscii(trimmed(*stored));
     if (contains(kTrueWords, word)) {
         return true;
     }

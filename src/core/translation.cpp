@@ -3,21 +3,13 @@
 #include <algorithm>
 #include <system_error>
 
+#include "core/ascii.h"
 #include "core/profile.h"
 
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string lowered(std::string text) {
-    for (char& c : text) {
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
-    return text;
-}
 
 std::string utf8Name(const fs::path& name) {
     const auto text = name.u8string();
@@ -30,7 +22,7 @@ std::vector<fs::path> languageFiles(const fs::path& programFolder) {
     fs::directory_iterator entry(programFolder / "Langues", failed);
     for (; !failed && entry != fs::directory_iterator(); entry.increment(failed)) {
         std::error_code ignored;
-        if (lowered(utf8Name(entry->path().extension())) == ".lng" &&
+        if (loweredAscii(utf8Name(entry->path().extension())) == ".lng" &&
             entry->is_regular_file(ignored)) {
             files.push_back(entry->path());
         }
@@ -47,7 +39,7 @@ fs::path languageFile(const fs::path& programFolder, std::string_view nom) {
                               [&](const auto& file) { return utf8Name(file.stem()) == wanted; });
     if (found == files.end()) {
         found = std::find_if(files.begin(), files.end(), [&](const auto& file) {
-            return lowered(utf8Name(file.stem())) == lowered(wanted);
+            return loweredAscii(utf8Name(file.stem())) == loweredAscii(wanted);
         });
     }
     return found == files.end() ? fs::path() : *found;
