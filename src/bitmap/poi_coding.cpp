@@ -7,10 +7,6 @@
 namespace quillmark {
 namespace {
 
-constexpr int kOpaque = 0x00;
-constexpr int kOneTransparent = 0x10;
-constexpr int kAlpha = 0x20;
-
 template <unsigned Bits>
 void unpack(const std::uint8_t* bytes, std::span<std::uint8_t> values) {
     constexpr std::size_t perByte = 8 / Bits;
@@ -32,21 +28,21 @@ void unpack(const std::uint8_t* bytes, std::span<std::uint8_t> values) {
 }  // namespace
 
 std::optional<int> NbBitsParPixel(int ColorMode, int NbCouleurs) {
-    if (ColorMode != kOpaque && ColorMode != kOneTransparent && ColorMode != kAlpha) {
+    if (ColorMode != kModeOpaque && ColorMode != kModeOneTransparent && ColorMode != kModeAlpha) {
         return std::nullopt;
     }
     // One transparent colour takes a value of its own behind those of the palette.
-    const int values = ColorMode == kOneTransparent ? NbCouleurs + 1 : NbCouleurs;
+    const int values = ColorMode == kModeOneTransparent ? NbCouleurs + 1 : NbCouleurs;
     return values < 2 ? 1 : values < 4 ? 2 : values < 16 ? 4 : 8;
 }
 
 std::optional<std::size_t> TaillePalette(int NbCouleurs, int ColorMode) {
     const auto count = static_cast<std::size_t>(NbCouleurs);
     switch (ColorMode) {
-        case kOpaque:
-        case kOneTransparent:
+        case kModeOpaque:
+        case kModeOneTransparent:
             return count * 3;
-        case kAlpha:
+        case kModeAlpha:
             return alphaStreamSize(count);
         default:
             return std::nullopt;
@@ -73,11 +69,11 @@ std::optional<std::size_t> TailleBitmap(const ImagePOI& image, int width, int he
                static_cast<std::size_t>(height);
     }
     switch (image.ColorMode) {
-        case kOpaque:
+        case kModeOpaque:
             return pixels * 3;
-        case kOneTransparent:
+        case kModeOneTransparent:
             return pixels * 3 + 3;
-        case kAlpha:
+        case kModeAlpha:
             return alphaStreamSize(pixels);
         default:
             return std::nullopt;
@@ -148,7 +144,7 @@ void packRow(std::span<const std::uint8_t> values, int bitsPerPixel, std::span<s
 }
 
 AlphaColour paletteColour(const ImagePOI& image, std::size_t index) {
-    if (image.ColorMode == kAlpha) {
+    if (image.ColorMode == kModeAlpha) {
         return readAlphaItem(image.Couleurs, index);
     }
     const auto at = [&](std::size_t i) {

@@ -13,6 +13,10 @@
 
 namespace quillmark {
 
+inline constexpr int kModeOpaque = 0x00;
+inline constexpr int kModeOneTransparent = 0x10;
+inline constexpr int kModeAlpha = 0x20;
+
 // Bits per pixel of a picture with palette: 1, 2, 4 or 8; nothing for an unknown colour mode.
 [[nodiscard]] std::optional<int> NbBitsParPixel(int ColorMode, int NbCouleurs);
 // Bytes of a palette; nothing for an unknown colour mode.
