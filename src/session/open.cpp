@@ -1,0 +1,90 @@
+#include "session/open.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "core/files.h"
+#include "text/parser.h"
+#include "typ/reader.h"
+
+namespace quillmark {
+namespace {
+
+char lowered(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The start of a line as keys are compared: without leading blanks, in lower case.
+bool beginsWith(std::string_view line, std::string_view key) {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    return line.size() >= key.size() && std::equal(key.begin(), key.end(), line.begin(),
+                                                   [](char a, char b) { return a == lowered(b); });
+}
+
+// Empties the lines that name a code page, so that it doesn't change on the way and lines keep
+// their numbers.
+std::string withoutCodePage(std::string_view text) {
+    std::string result;
+    result.reserve(text.size());
+    bool withinId = false;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
+        const std::string_view line = text.substr(start, end - start);
+        if (beginsWith(line, "[")) {
+            withinId = beginsWith(line, "[_id]");
+        }
+        result += withinId && beginsWith(line, "codepage") ? std::string_view("\n") : line;
+        start = end;
+    }
+    return result;
+}
+
+void openText(ByteView bytes, TextFileEncoding encoding, int codePage, const Traduction& traduction,
+              OpenedFile& opened) {
+    DecodedTextFile decoded = decodeTextFile(bytes, encoding);
+    Document base;
+    base.CodePage = codePageExists(decoded.CodePage) ? decoded.CodePage : 1252;
+    if (codePage != 0) {
+        if (!decoded.utf8 && !decoded.namesCodePage) {
+            decoded.text = bytesToText(bytes, codePage);
+            std::erase(decoded.text, '\0');
+        }
+        base.CodePage = codePage;
+        decoded.text = withoutCodePage(decoded.text);
+    }
+    ParsedText parsed = ouvrirtxt(decoded.text, std::move(base), {}, nullptr, traduction);
+    opened.document = std::move(parsed.document);
+    opened.journal = std::move(parsed.journal);
+    opened.skippedLines = std::move(parsed.skippedLines);
+    opened.OuvertEnTexte = true;
+    opened.utf8 = decoded.utf8;
+    opened.namesCodePage = decoded.namesCodePage;
+}
+
+}  // namespace
+
+OpenedFile openBytes(ByteView bytes, bool isText, TextFileEncoding encoding,
+                     const Traduction& traduction, int codePage) {
+    OpenedFile opened;
+    opened.fileSize = bytes.size();
+    if (isText) {
+        openText(bytes, encoding, codePage, traduction, opened);
+    } else {
+        OpenedTyp typ = ouvrir(bytes, traduction);
+        opened.document = std::move(typ.document);
+        opened.journal = std::move(typ.journal);
+        opened.hasMagic = typ.hasMagic;
+    }
+    return opened;
+}
+
+OpenedFile openFile(const std::filesystem::path& file, TextFileEncoding encoding,
+                    const Traduction& traduction, int codePage) {
+    const std::u8string extension = file.extension().u8string();
+    const bool isText = extension.size() == 4 &&
+                        beginsWith({reinterpret_cast<const char*>(extension.data()), 4}, ".txt");
+    return openBytes(readFile(file), isText, encoding, traduction, codePage);
+}
+
+}  // namespace quillmark
