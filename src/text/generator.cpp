@@ -1,0 +1,153 @@
+#include "text/generator.h"
+
+#include <algorithm>
+
+#include "text/format.h"
+#include "text/text_writer.h"
+
+namespace quillmark {
+namespace {
+
+std::string padded(int value, std::size_t digits) {
+    std::string text = std::to_string(value);
+    return text.size() < digits ? std::string(digits - text.size(), '0') + text : text;
+}
+
+std::string dateText(int day, int month, int year) {
+    return padded(day, 2) + "/" + padded(month, 2) + "/" + padded(year, 4);
+}
+
+std::string timeText(int hour, int minute, int second) {
+    return padded(hour, 2) + ":" + padded(minute, 2) + ":" + padded(second, 2);
+}
+
+void writeSourceComments(TextWriter& out, const SourceComments& comments) {
+    if (!comments.folder.empty()) {
+        out.raw("; ").line(comments.folder);
+    }
+    out.raw("; Longueur: ").raw(comments.fileSize).line(" octets");
+    out.raw("; Fichier TYP compilé ").line(comments.compiledAt);
+    const DateTime& now = comments.now;
+    out.raw("; Décompilé le ").raw(dateText(now.day, now.month, now.year)).raw(" à ");
+    out.line(timeText(now.hour, now.minute, now.second));
+}
+
+void writeIdentity(TextWriter& out, const Document& document) {
+    out.line(format::kIdentity);
+    out.raw("ProductCode=").line(document.ProductCode);
+    out.raw("FID=").line(document.FID);
+    out.raw("CodePage=").number(document.CodePage).end();
+    out.line(format::kEnd).end();
+}
+
+void writeComments(TextWriter& out, const Document& document) {
+    out.line(format::kCommentsBanner).line(format::kComments);
+    if (!document.Commentaire.empty()) {
+        std::string comment = document.Commentaire;
+        std::erase(comment, '\0');
+        out.line(comment);
+    }
+    out.line(format::kEnd).end();
+}
+
+void writeDrawOrder(TextWriter& out, const Document& document) {
+    out.line(format::kDrawOrderBanner).line(format::kDrawOrder);
+    for (const std::string& entry : document.ListDraworder) {
+        // "Type=0x10f,SubType=0x04,2" is written "Type=0x10f04,2".
+        const std::string_view view = entry;
+        if (view.size() >= 24 && view.substr(11, 7) == "SubType") {
+            out.raw(view.substr(0, 10)).raw(view.substr(21, 2)).character(',');
+            out.line(view.substr(24));
+        } else {
+            out.line(view);
+        }
+    }
+    out.line(format::kEnd).end();
+}
+
+// Collects where each section stands while sections are appended.
+class SectionRecorder {
+  public:
+    SectionRecorder(GeneratedText& result) : result_(result) { countLines(); }
+
+    template <typename Append>
+    void add(ObjectKind kind, std::size_t index, Append append) {
+        const int first = countLines();
+        append(result_.text, result_.journal);
+        result_.sections.push_back({kind, static_cast<int>(index), first, countLines() - 1});
+        result_.text += "\r\n\r\n";
+    }
+
+  private:
+    // Lines of the text so far; only what was appended since the last call is looked at.
+    int countLines() {
+        const auto begin = result_.text.begin() + static_cast<std::ptrdiff_t>(counted_);
+        lines_ += static_cast<int>(std::count(begin, result_.text.end(), '\n'));
+        counted_ = result_.text.size();
+        return lines_;
+    }
+
+    GeneratedText& result_;
+    std::size_t counted_ = 0;
+    int lines_ = 0;
+};
+
+}  // namespace
+
+GeneratedText genererTexte(const Document& document, const GeneratorContext& context,
+                           const SourceComments* comments) {
+    GeneratedText result;
+    TextWriter out(result.text);
+    if (comments != nullptr) {
+        writeSourceComments(out, *comments);
+    }
+    writeIdentity(out, document);
+    writeComments(out, document);
+    writeDrawOrder(out, document);
+    result.sections.reserve(document.Polygone.size() + document.Polyline.size() +
+                            document.POI.size());
+
+    out.line(format::kPolygonBanner);
+    SectionRecorder recorder(result);
+    for (std::size_t i = 0; i < document.Polygone.size(); ++i) {
+        recorder.add(ObjectKind::Polygone, i, [&](std::string& text, Journal& journal) {
+            AffichePolygone(document.Polygone[i], context, document.CodePage, text, journal);
+        });
+    }
+    out.line(format::kLineBanner);
+    for (std::size_t i = 0; i < document.Polyline.size(); ++i) {
+        recorder.add(ObjectKind::Polyline, i, [&](std::string& text, Journal& journal) {
+            AffichePolyline(document.Polyline[i], context, document.CodePage, text, journal);
+        });
+    }
+    out.line(format::kPointBanner);
+    for (std::size_t i = 0; i < document.POI.size(); ++i) {
+        recorder.add(ObjectKind::POI, i, [&](std::string& text, Journal& journal) {
+            AffichePOI(document.POI[i], context, document.CodePage, text, journal);
+        });
+    }
+    return result;
+}
+
+std::string creationDateText(const EnteteTYP& header) {
+    return dateText(header.day, header.month, header.year) + "    " +
+           timeText(header.hour, header.minute, header.second) + "     ";
+}
+
+TextLosses textLosses(const Document& document) {
+    TextLosses losses;
+    losses.extraPoi = !document.ExtraPOI.empty();
+    losses.specialLabels = !document.LabelsStrings.empty() || !document.LabelsTableA.empty() ||
+                           !document.LabelsTableB.empty();
+    losses.rawBlock = !document.BlocBrut.empty();
+    losses.betweenSections = !document.EntreSections.empty();
+    const auto losesSubtype = [](const auto& object) {
+        return !object.Type.empty() && object.Type[0] == '0' && object.SubType != "00";
+    };
+    losses.subtypes = static_cast<int>(
+        std::count_if(document.Polygone.begin(), document.Polygone.end(), losesSubtype) +
+        std::count_if(document.Polyline.begin(), document.Polyline.end(), losesSubtype));
+    return losses;
+}
+
+}  // namespace quillmark
