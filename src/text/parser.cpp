@@ -137,22 +137,21 @@ class Parser {
 
     // A number as a field shows it. Hexadecimal ones become decimal; they are 16 bits wide and
     // kept without sign, which makes the same bytes in a file.
-    std::string fieldText(std::string_view value) {
+    std::optional<std::string> fieldText(std::string_view value) {
         if (!beginsWith(value, "0x")) {
             return std::string(value);
         }
         const auto number = parseHex(value.substr(2));
         if (!number || *number > 0xFFFF) {
             context_.tell(Fault::value);
-            return {};
+            return std::nullopt;
         }
         return std::to_string(*number);
     }
 
     void setField(std::string& field, std::string_view value) {
-        const std::string text = fieldText(value);
-        if (!text.empty()) {
-            field = text;
+        if (auto text = fieldText(value)) {
+            field = std::move(*text);
         }
     }
 
@@ -216,23 +215,26 @@ class Parser {
 
     // "Type=0x10f04,2": how many digits there are says where the type ends.
     void parseDrawOrderLine(std::string_view line) {
-        constexpr std::size_t kPrefix = 7;  // "Type=0x"
         const std::size_t comma = line.find(',');
-        const std::string_view code = line.substr(0, comma);
-        if (comma == std::string_view::npos || code.size() <= kPrefix) {
+        std::string_view digits = line.substr(0, comma);
+        digits = digits.substr(std::min(digits.find('=') + 1, digits.size()));
+        if (beginsWith(digits, "0x")) {
+            digits.remove_prefix(2);
+        }
+        if (comma == std::string_view::npos || digits.empty()) {
             context_.tell(Fault::value);
             return;
         }
-        std::string type(code.substr(kPrefix));
+        std::string type(digits);
         std::string subtype = "00";
-        if (code.size() == 12) {
+        if (digits.size() == 5) {
             subtype = type.substr(3);
             type.resize(3);
-        } else if (code.size() == 11) {
+        } else if (digits.size() == 4) {
             subtype = type.substr(2);
             type = "0" + type.substr(0, 2);
-        } else if (type.size() > 3) {
-            type = type.substr(type.size() - 3);
+        } else if (digits.size() > 3) {
+            type = type.substr(digits.size() - 3);
         }
         std::string_view level = line.substr(comma + 1);
         level = trimBlanks(level.substr(0, level.find(',')));

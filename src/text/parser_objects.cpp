@@ -213,6 +213,8 @@ Polygone parsePolygon(ParserContext& context) {
         } else if (beginsWith(line, "extendedlabels=y")) {
             polygone.Entete |= 0x20;
             polygone.ExtendedLabels = parseExtendedLabels(context);
+        } else if (beginsWith(line, "extendedlabels=")) {
+            context.source.next();
         } else {
             return false;
         }
@@ -251,7 +253,7 @@ Polyline parseLine(ParserContext& context) {
             polyline.Entete2 |= 0x04;
             polyline.ExtendedLabels = parseExtendedLabels(context);
             return true;
-        } else {
+        } else if (!beginsWith(line, "extendedlabels=") && !beginsWith(line, "useorientation=")) {
             return false;
         }
         context.source.next();

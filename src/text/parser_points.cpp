@@ -285,9 +285,6 @@ void finishPictures(ParserContext& context, POI& poi, ParsedPicture& day, Parsed
     poi.Largeur = static_cast<std::uint8_t>(day.width);
     poi.Hauteur = static_cast<std::uint8_t>(day.height);
     poi.Image[0] = std::move(day.image);
-    if (day.given || night.given) {
-        poi.Entete |= 0x01;
-    }
     if (night.given && fits) {
         poi.Entete |= 0x02;
         poi.Image[1] = std::move(night.image);
@@ -353,6 +350,7 @@ ParsedPicture parsePicture(ParserContext& context) {
 
 POI parsePoint(ParserContext& context) {
     POI poi;
+    poi.Entete = 0x01;  // a night picture of text always has pixels of its own
     ParsedPicture day;
     ParsedPicture night;
     const std::size_t firstLine = context.source.index() - 1;
@@ -364,6 +362,8 @@ POI parsePoint(ParserContext& context) {
         } else if (beginsWith(line, "extendedlabels=y")) {
             poi.Entete |= 0x08;
             poi.ExtendedLabels = parseExtendedLabels(context);
+        } else if (beginsWith(line, "extendedlabels=")) {
+            context.source.next();
         } else {
             return handleCommonKey(context, line, poi, poi.Entete, 0x04);
         }
