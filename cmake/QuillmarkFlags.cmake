@@ -6,6 +6,10 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     target_compile_options(quillmark_flags INTERFACE -Wno-unknown-warning-option)
 endif()
 
+if(WIN32)
+    target_compile_definitions(quillmark_flags INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE)
+endif()
+
 if(QUILLMARK_SANITIZE)
     target_compile_options(quillmark_flags INTERFACE
         -fsanitize=${QUILLMARK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

@@ -1,7 +1,5 @@
 #include "core/files.h"
 
-#define NOMINMAX
-#define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
 #include <algorithm>
@@ -12,6 +10,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// A quota on the volume is used up; not every set of system headers names it.
+constexpr DWORD kDiskQuotaExceeded = 1295;
 constexpr DWORD kLargestStep = 1U << 24U;
 
 std::string utf8(const fs::path& file) {
@@ -42,7 +42,7 @@ std::string utf8(const fs::path& file) {
             fail(ErrorNumber::permission, file);
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
+        case kDiskQuotaExceeded:
         case ERROR_FILE_TOO_LARGE:
             fail(ErrorNumber::diskFull, file);
         case ERROR_NOT_ENOUGH_MEMORY:
