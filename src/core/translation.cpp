@@ -67,7 +67,7 @@ std::string Traduction::Trad(std::string_view section, std::string_view defaut,
 }
 
 bool LangueExiste(const fs::path& programFolder, std::string_view nom) {
-    return !nom.empty() && !languageFile(programFolder, nom).empty();
+    return !languageFile(programFolder, nom).empty();
 }
 
 std::vector<std::string> ListeLangues(const fs::path& programFolder) {

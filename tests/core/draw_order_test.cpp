@@ -12,7 +12,7 @@ namespace {
 TEST(DrawOrder, RebuildSortsAndNormalisesAndDropsWhatIsNoEntry) {
     Document document;
     document.ListDraworder = {
-        "Type=0x10F,SubType=0x04,3",  // capitals
+        "Type=0x10F,SubType=0x1F,3",  // capitals
         "Type=0x10f,SubType=0x00,3",
         "Type=0x010,SubType=0x00,1",  // long form of a standard type
         "Type=0x010,SubType=0x01,1",
@@ -29,10 +29,10 @@ TEST(DrawOrder, RebuildSortsAndNormalisesAndDropsWhatIsNoEntry) {
     EXPECT_EQ(document.ListDraworder,
               (std::vector<std::string>{"Type=0x004,0", "Type=0x010,1", "Type=0x010,SubType=0x01,1",
                                         "Type=0x003,2", "Type=0x003,2", "Type=0x005,2",
-                                        "Type=0x10f,SubType=0x00,3", "Type=0x10f,SubType=0x04,3",
+                                        "Type=0x10f,SubType=0x00,3", "Type=0x10f,SubType=0x1f,3",
                                         "Type=0x000,7"}));
     ASSERT_EQ(document.DrawOrder.size(), 9U);
-    EXPECT_EQ(document.DrawOrder[7], (DrawOrderItem{3, 0x10F, 4}));
+    EXPECT_EQ(document.DrawOrder[7], (DrawOrderItem{3, 0x10F, 0x1F}));
 
     const Document before = document;
     RebatirDraworder(document);

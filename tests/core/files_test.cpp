@@ -1,5 +1,6 @@
 #include "core/files.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -121,14 +122,23 @@ TEST_F(Files, EachObstacleHasItsNumber) {
     EXPECT_EQ(writeNumber(folder.path() / "none" / "a.typ"), 76);
     EXPECT_EQ(writeNumber(file / "a.typ"), 76);
     EXPECT_EQ(writeNumber(folder.path() / std::string(300, 'n')), 76);
-    EXPECT_EQ(writeNumber("/dev/full"), 61);
-    EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_TRUE(isWritable(file));
     EXPECT_TRUE(isWritable(folder.path() / "new.typ"));
     for (const fs::path& never :
          {folder.path(), folder.path() / "none" / "a.typ", file / "a.typ"}) {
         EXPECT_FALSE(isWritable(never)) << never;
     }
+}
+
+TEST_F(Files, APipeIsWrittenToAndStaysAPipe) {
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    const int reader = ::open(file.c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_EQ(writeNumber(file), 0);
+    std::array<char, 8> content{};
+    EXPECT_EQ(::read(reader, content.data(), content.size()), 3);
+    EXPECT_STREQ(content.data(), "new");
+    EXPECT_TRUE(fs::is_fifo(file));
+    ::close(reader);
 }
 
 TEST_F(Files, AFolderThatTakesNoFilesRefuses) {
