@@ -101,7 +101,8 @@ class Parser {
     [[nodiscard]] bool isWhole() const { return target_.ObjetVisualise == ObjectKind::none; }
 
     bool parseSection(std::string_view line) {
-        if (beginsWith(line, "[_id]")) {
+        // Some compilers take the identity from a section of this other name.
+        if (beginsWith(line, "[_id]") || beginsWith(line, "[options]")) {
             enter();
             parseIdentity();
         } else if (beginsWith(line, "[_comments]")) {
