@@ -1,0 +1,71 @@
+#include "session/save_target.h"
+
+#include <algorithm>
+
+#include "core/paths.h"
+
+namespace quillmark {
+namespace {
+
+bool hasSuffix(const std::string& name, const std::string& suffix) {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    return name.size() >= suffix.size() &&
+           std::equal(suffix.rbegin(), suffix.rend(), name.rbegin(),
+                      [&](char a, char b) { return lower(a) == lower(b); });
+}
+
+// The name of the document without an ending that either kind of save has.
+std::string proposedName(const std::filesystem::path& current) {
+    std::string name = utf8FromPath(current.filename());
+    if (hasSuffix(name, ".typ") || hasSuffix(name, ".txt")) {
+        name.resize(name.size() - 4);
+    }
+    return name;
+}
+
+bool mayReplace(const std::filesystem::path& file, Dialogues& dialogues,
+                const Traduction& traduction) {
+    std::error_code ignored;
+    if (!std::filesystem::exists(file, ignored)) {
+        return true;
+    }
+    const std::string message =
+        traduction.Trad("Main", "Le fichier", "msgFichierExiste1") + " " +
+        utf8FromPath(file.filename()) + " " +
+        traduction.Trad("Main", "existe déjà", "msgFichierExiste2") + "\r\n" +
+        traduction.Trad("Main", "Voulez vous le remplacer?", "msgFichierExiste3");
+    return dialogues.AfficheMessage(
+               message, MessageStyle::yesNo,
+               traduction.Trad("Main", "Ecraser le fichier ?", "msgFichierExiste4")) == Answer::yes;
+}
+
+}  // namespace
+
+std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
+                                                      const FileFilter& filter,
+                                                      const std::filesystem::path& current,
+                                                      Dialogues& dialogues,
+                                                      const Traduction& traduction) {
+    for (;;) {
+        const auto chosen = dialogues.chooseFileToSave(titre, filter, proposedName(current));
+        if (!chosen || chosen->empty()) {
+            return std::nullopt;
+        }
+        const std::string name =
+            hasSuffix(*chosen, filter.suffix) ? *chosen : *chosen + filter.suffix;
+        std::filesystem::path file = pathFromUtf8(name);
+        if (mayReplace(file, dialogues, traduction)) {
+            return file;
+        }
+    }
+}
+
+FileFilter typFilter(const Traduction& traduction) {
+    return {traduction.Trad("Main", "Fichiers TYP", "msgFiltreTyp") + " (*.typ)", ".typ"};
+}
+
+FileFilter textFilter(const Traduction& traduction) {
+    return {traduction.Trad("Main", "Fichiers texte", "msgFiltreTxt") + " (*.txt)", ".txt"};
+}
+
+}  // namespace quillmark

@@ -1,0 +1,22 @@
+// Choosing the file that a save goes to.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "core/dialogues.h"
+#include "core/translation.h"
+
+namespace quillmark {
+
+// Asks for a name until it is one that doesn't exist yet or may be replaced. The filter's suffix
+// is added to a name without it. Nothing when the user gives up.
+[[nodiscard]] std::optional<std::filesystem::path> chooseSaveTarget(
+    const std::string& titre, const FileFilter& filter, const std::filesystem::path& current,
+    Dialogues& dialogues, const Traduction& traduction);
+
+[[nodiscard]] FileFilter typFilter(const Traduction& traduction);
+[[nodiscard]] FileFilter textFilter(const Traduction& traduction);
+
+}  // namespace quillmark

@@ -1,0 +1,70 @@
+#include <algorithm>
+
+#include "core/files.h"
+#include "session/save.h"
+#include "session/save_target.h"
+#include "text/code_pages.h"
+
+namespace quillmark {
+namespace {
+
+// Pictures without palette are nothing but pixels, which a text without them would lose.
+bool hasTrueColours(const Document& document) {
+    const auto isTrueColour = [](const POI& poi, std::size_t i) {
+        return poi.Largeur > 0 && poi.Hauteur > 0 && poi.Image[i].NbCouleurs == 0;
+    };
+    return std::any_of(document.POI.begin(), document.POI.end(), [&](const POI& poi) {
+        return isTrueColour(poi, 0) || ((poi.Entete & 0x02U) != 0 && isTrueColour(poi, 1));
+    });
+}
+
+void refuseTrueColours(Dialogues& dialogues, const Traduction& traduction) {
+    dialogues.AfficheMessage(
+        traduction.Trad("Main", "Impossible d'enregistrer", "msgAppliquerModif1") + "\r\n" +
+            traduction.Trad("Main",
+                            "car l'écriture des couleurs des POI True Colors a été désactivée",
+                            "msgAppliquerModif2") +
+            "\r\n" +
+            traduction.Trad("Main", "dans le menu \"Préférences\". ", "msgAppliquerModif3"),
+        MessageStyle::ok, {});
+}
+
+void tellFailure(Dialogues& dialogues, const Traduction& traduction) {
+    dialogues.AfficheMessage(
+        traduction.Trad("MsgBox", "Impossible d'enregistrer le fichier.", "MsgBoxErreur1") +
+            "\r\n" +
+            traduction.Trad("MsgBox", "Vérifier qu'il n'a pas l'attribut \"Ecriture Seule\".",
+                            "MsgBoxErreur5"),
+        MessageStyle::ok, traduction.Trad("MsgBox", "Erreur", "MsgBoxErreurTitre"));
+}
+
+}  // namespace
+
+SaveOutcome EnregistrerTxt(const Document& document, const std::string& text,
+                           const TextSettings& settings, const TextSaveRequest& request,
+                           Dialogues& dialogues, const Traduction& traduction) {
+    if (!settings.EcrireTrueColors && hasTrueColours(document)) {
+        refuseTrueColours(dialogues, traduction);
+        return {};
+    }
+    std::filesystem::path file = request.FichierTYP;
+    if (request.askForName || file.empty()) {
+        const auto chosen =
+            chooseSaveTarget(traduction.Trad("Main", "Enregistrer sous", "dlgEnr"),
+                             textFilter(traduction), request.FichierTYP, dialogues, traduction);
+        if (!chosen) {
+            return {};
+        }
+        file = *chosen;
+    }
+    const int codePage = request.utf8 ? kUtf8 : document.CodePage;
+    try {
+        replaceFile(file, textToBytes(text, codePage).bytes);
+    } catch (const Failure&) {
+        tellFailure(dialogues, traduction);
+        return {SaveStatus::failed, file};
+    }
+    return {SaveStatus::saved, file};
+}
+
+}  // namespace quillmark
