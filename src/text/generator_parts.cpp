@@ -87,7 +87,8 @@ void writeCustomName(ObjectLines& object, const std::string& CustomMPCName) {
     }
 }
 
-void writeStrings(ObjectLines& object, ByteView Strings, const std::string& problem) {
+void writeStrings(ObjectLines& object, ByteView Strings,
+                  std::string (*problem)(const GeneratorContext& context)) {
     int number = 0;
     bool malformed = false;
     bool lineEnds = false;
@@ -101,9 +102,12 @@ void writeStrings(ObjectLines& object, ByteView Strings, const std::string& prob
         lineEnds = replaceLineEnds(label) || lineEnds;
         object.out.line(label);
     }
+    if (!malformed && !lineEnds) {
+        return;
+    }
     const std::string place = " Type=0x" + object.Type + "  SubTypes = 0x" + object.SubType;
     if (malformed) {
-        object.journal.warning(problem + place, place);
+        object.journal.warning(problem(object.context) + place, place);
     }
     if (lineEnds) {
         object.journal.warning(translate(object.context, "Main",

@@ -28,8 +28,10 @@ void writeTypeLine(ObjectLines& object);
 // ";GRMN_TYPE: " and the description in a section of the table of types.
 void writeDescription(ObjectLines& object, std::string_view section);
 void writeComment(ObjectLines& object, const std::string& Comment);
-// "String<n>=0x<LL>,<text>". `problem` opens the journal's entry about labels that don't decode.
-void writeStrings(ObjectLines& object, ByteView Strings, const std::string& problem);
+// "String<n>=0x<LL>,<text>". `problem` opens the journal's entry about labels that don't decode;
+// most objects never need it.
+void writeStrings(ObjectLines& object, ByteView Strings,
+                  std::string (*problem)(const GeneratorContext& context));
 void writeCustomName(ObjectLines& object, const std::string& CustomMPCName);
 // "ExtendedLabels=" and, when they are there, the lines of the block.
 void lecture_ExtendedLabels(ObjectLines& object, bool present, ByteView ExtendedLabels);

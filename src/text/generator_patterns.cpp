@@ -85,9 +85,10 @@ void AffichePolygone(const Polygone& polygone, const GeneratorContext& context, 
     writeDescription(object, "Polygons");
     writeComment(object, polygone.Comment);
     if ((polygone.Entete & 0x10U) != 0) {
-        writeStrings(object, polygone.Strings,
-                     translate(context, "Main", "Problème de lecture des strings du polygone",
-                               "msgProblemeStringPolygone"));
+        writeStrings(object, polygone.Strings, [](const GeneratorContext& c) {
+            return translate(c, "Main", "Problème de lecture des strings du polygone",
+                             "msgProblemeStringPolygone");
+        });
     }
     writeCustomName(object, polygone.CustomMPCName);
     lecture_ExtendedLabels(object, (polygone.Entete & 0x20U) != 0, polygone.ExtendedLabels);
@@ -127,9 +128,10 @@ void AffichePolyline(const Polyline& polyline, const GeneratorContext& context, 
         writeWidths(object, polyline);
     }
     if ((polyline.Entete2 & 0x01U) != 0) {
-        writeStrings(object, polyline.Strings,
-                     translate(context, "Main", "Problème de lecture des strings de la polyline",
-                               "msgProblemeStringPolyline"));
+        writeStrings(object, polyline.Strings, [](const GeneratorContext& c) {
+            return translate(c, "Main", "Problème de lecture des strings de la polyline",
+                             "msgProblemeStringPolyline");
+        });
     }
     writeCustomName(object, polyline.CustomMPCName);
     lecture_ExtendedLabels(object, (polyline.Entete2 & 0x04U) != 0, polyline.ExtendedLabels);

@@ -177,9 +177,10 @@ void AffichePOI(const POI& poi, const GeneratorContext& context, int CodePage, s
     writeDescription(object, "POI");
     writeComment(object, poi.Comment);
     if ((poi.Entete & 0x04U) != 0) {
-        writeStrings(object, poi.Strings,
-                     translate(context, "Main", "Problème de lecture des strings du POI",
-                               "msgProblemeStringPOI"));
+        writeStrings(object, poi.Strings, [](const GeneratorContext& c) {
+            return translate(c, "Main", "Problème de lecture des strings du POI",
+                             "msgProblemeStringPOI");
+        });
     }
     writeCustomName(object, poi.CustomMPCName);
     lecture_ExtendedLabels(object, (poi.Entete & 0x08U) != 0, poi.ExtendedLabels);

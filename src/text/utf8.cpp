@@ -5,12 +5,9 @@
 
 namespace quillmark {
 
-char32_t nextCharacter(std::string_view text, std::size_t& position) {
+char32_t nextMultiByte(std::string_view text, std::size_t& position) {
     const auto at = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
     const std::uint8_t first = at(position++);
-    if (first < 0x80) {
-        return first;
-    }
     std::size_t following = 0;
     char32_t value = 0;
     std::uint8_t low = 0x80;
