@@ -4,23 +4,14 @@
 #include <string>
 #include <string_view>
 
+#include "core/ascii.h"
 #include "core/files.h"
 #include "text/parser.h"
+#include "text/text_source.h"
 #include "typ/reader.h"
 
 namespace quillmark {
 namespace {
-
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// The start of a line as keys are compared: without leading blanks, in lower case.
-bool beginsWith(std::string_view line, std::string_view key) {
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    return line.size() >= key.size() && std::equal(key.begin(), key.end(), line.begin(),
-                                                   [](char a, char b) { return a == lowered(b); });
-}
 
 // Empties the lines that name a code page, so that it doesn't change on the way and lines keep
 // their numbers.
@@ -31,10 +22,11 @@ std::string withoutCodePage(std::string_view text) {
     for (std::size_t start = 0; start < text.size();) {
         const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
         const std::string_view line = text.substr(start, end - start);
-        if (beginsWith(line, "[")) {
-            withinId = beginsWith(line, "[_id]");
+        const std::string_view content = trimmed(line);
+        if (beginsWith(content, "[")) {
+            withinId = beginsWith(content, "[_id]");
         }
-        result += withinId && beginsWith(line, "codepage") ? std::string_view("\n") : line;
+        result += withinId && beginsWith(content, "codepage") ? std::string_view("\n") : line;
         start = end;
     }
     return result;
@@ -82,8 +74,8 @@ OpenedFile openBytes(ByteView bytes, bool isText, TextFileEncoding encoding,
 OpenedFile openFile(const std::filesystem::path& file, TextFileEncoding encoding,
                     const Traduction& traduction, int codePage) {
     const std::u8string extension = file.extension().u8string();
-    const bool isText = extension.size() == 4 &&
-                        beginsWith({reinterpret_cast<const char*>(extension.data()), 4}, ".txt");
+    const bool isText =
+        loweredAscii({reinterpret_cast<const char*>(extension.data()), extension.size()}) == ".txt";
     return openBytes(readFile(file), isText, encoding, traduction, codePage);
 }
 

@@ -3,73 +3,51 @@
 #include <algorithm>
 
 #include "text/code_pages.h"
+#include "text/labels.h"
 
 namespace quillmark {
 namespace {
-
-// Largest content of a label block, by what its two-byte prefix holds.
-constexpr std::size_t kLargestBlock = 16383;
-constexpr std::size_t kLargestShortBlock = 127;
 
 class Recoder {
   public:
     Recoder(int from, int to) : from_(from), to_(to) {}
 
-    // Texts in a row, each ended by a zero.
-    Bytes texts(ByteView block, LabelLoss& loss) const {
-        Bytes result;
-        while (!block.empty()) {
-            text(block, result, loss);
+    void labels(Bytes& Strings, LabelLoss loss) {
+        EncodedStrings encoded = encodeStrings(decodeStrings(Strings, from_), to_);
+        loss.lost = encoded.lost;
+        loss.cut = encoded.truncated;
+        note(loss);
+        if (!sameEntries(Strings, encoded.Strings)) {
+            Strings = std::move(encoded.Strings);
         }
-        return result;
     }
 
-    void labels(Bytes& block, LabelLoss loss, std::vector<LabelLoss>& losses) const {
-        const std::size_t prefix = block.empty() || (block[0] & 1U) != 0 ? 1 : 2;
-        if (block.size() <= prefix) {
-            return;
-        }
-        const ByteView old = ByteView(block).subspan(prefix);
-        Bytes content;
-        for (ByteView rest = old; !rest.empty() && !loss.cut;) {
-            const std::size_t start = content.size();
-            content.push_back(rest[0]);
-            rest = rest.subspan(1);
-            text(rest, content, loss);
-            if (content.size() > kLargestBlock) {
-                content.resize(start);
-                loss.cut = true;
-            }
-        }
+    void specialLabels(Bytes& LabelsStrings) {
+        LabelLoss loss;
+        EncodedText encoded = textToBytes(bytesToText(LabelsStrings, from_), to_);
+        loss.lost = encoded.lost;
+        note(loss);
+        LabelsStrings = std::move(encoded.bytes);
+    }
+
+    std::vector<LabelLoss> losses;
+
+  private:
+    void note(const LabelLoss& loss) {
         if (loss.lost > 0 || loss.cut) {
             losses.push_back(loss);
         }
-        if (std::equal(content.begin(), content.end(), old.begin(), old.end())) {
-            return;
-        }
-        ByteWriter writer;
-        if (content.size() <= kLargestShortBlock) {
-            writer.u8(static_cast<std::uint8_t>(content.size() * 2 + 1));
-        } else {
-            writer.u16(static_cast<std::uint32_t>(content.size() * 4 + 2));
-        }
-        writer.bytes(content);
-        block = writer.release();
     }
-
-  private:
-    // Takes one text and its zero off the front of `block`.
-    void text(ByteView& block, Bytes& result, LabelLoss& loss) const {
-        const auto end = std::find(block.begin(), block.end(), 0);
-        const auto size = static_cast<std::size_t>(end - block.begin());
-        const EncodedText encoded = textToBytes(bytesToText(block.first(size), from_), to_);
-        loss.lost += encoded.lost;
-        result.insert(result.end(), encoded.bytes.begin(), encoded.bytes.end());
-        block = block.subspan(size);
-        if (!block.empty()) {
-            result.push_back(0);
-            block = block.subspan(1);
-        }
+    // Blocks may be padded or have a longer prefix than they need: that stays when labels do.
+    static bool sameEntries(ByteView a, ByteView b) {
+        const auto left = splitStrings(a);
+        const auto right = splitStrings(b);
+        return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                          [](const RawLabel& one, const RawLabel& other) {
+                              return one.language == other.language &&
+                                     std::equal(one.text.begin(), one.text.end(),
+                                                other.text.begin(), other.text.end());
+                          });
     }
 
     int from_;
@@ -79,12 +57,14 @@ class Recoder {
 }  // namespace
 
 std::vector<LabelLoss> recodeLabels(Document& document, int CodePage) {
-    std::vector<LabelLoss> losses;
-    const Recoder recoder(document.CodePage, CodePage);
+    if (document.CodePage == CodePage) {
+        return {};
+    }
+    Recoder recoder(document.CodePage, CodePage);
     document.CodePage = CodePage;
     const auto all = [&](auto& records, LabelLoss where, int LabelLoss::*number) {
         for (auto& record : records) {
-            recoder.labels(record.Strings, where, losses);
+            recoder.labels(record.Strings, where);
             ++(where.*number);
         }
     };
@@ -96,12 +76,8 @@ std::vector<LabelLoss> recodeLabels(Document& document, int CodePage) {
         all(extra.POI, group, &LabelLoss::member);
         ++group.index;
     }
-    LabelLoss special;
-    document.LabelsStrings = recoder.texts(document.LabelsStrings, special);
-    if (special.lost > 0) {
-        losses.push_back(special);
-    }
-    return losses;
+    recoder.specialLabels(document.LabelsStrings);
+    return std::move(recoder.losses);
 }
 
 }  // namespace quillmark

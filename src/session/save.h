@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/dialogues.h"
@@ -9,6 +10,7 @@
 #include "core/journal.h"
 #include "core/translation.h"
 #include "text/generator.h"
+#include "typ/writer.h"
 
 namespace quillmark {
 
@@ -24,6 +26,11 @@ struct SaveOutcome {
 // agreed to give up; on anything else it stays as it was.
 SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP, bool AvecDialogue,
                      Dialogues& dialogues, const Traduction& traduction);
+
+// The questions of a save and then the bytes, for a target that isn't a file. Nothing when an
+// answer or a failure, which is told, ends the save.
+[[nodiscard]] std::optional<WrittenTyp> composeTyp(const Document& document, Dialogues& dialogues,
+                                                   const Traduction& traduction);
 
 struct TextSaveRequest {
     std::filesystem::path FichierTYP;
