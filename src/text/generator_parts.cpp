@@ -190,7 +190,7 @@ void writePatternRows(TextWriter& out, std::uint8_t Entete, ByteView rows) {
     line[35] = '\n';
     for (std::size_t row = 0; row + 4 <= rows.size(); row += 4) {
         for (std::size_t x = 0; x < 32; ++x) {
-            line[1 + x] = (rows[row + x / 8] >> (x % 8) & 1U) != 0 ? '!' : clear;
+            line[1 + x] = (unsigned{rows[row + x / 8]} >> (x % 8) & 1U) != 0 ? '!' : clear;
         }
         out.raw({line.data(), line.size()});
     }
