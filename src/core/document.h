@@ -44,6 +44,9 @@ struct Document {
     Bytes BlocBrut;
     BlocSourceKind BlocSource = BlocSourceKind::none;
     Bytes EntreSections;  // bytes between header and first section
+    // Header bytes within the stated size but behind the last part that is understood; only a
+    // header of an unusual size has any.
+    Bytes EnteteInconnu;
 
     quillmark::EnteteTYP EnteteTYP;
     quillmark::EnteteExtraPOI EnteteExtraPOI;

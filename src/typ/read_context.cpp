@@ -1,0 +1,104 @@
+#include "typ/read_context.h"
+
+namespace quillmark {
+namespace {
+
+constexpr std::size_t kMiB = 1024 * 1024;
+// A sound file costs at most twice its size (a picture may serve day and night). The rest is for
+// files whose records overlap or reach beyond the end.
+constexpr std::size_t kCostPerByte = 4;
+constexpr std::size_t kCostBase = 2 * kMiB;
+constexpr std::size_t kJournalBase = 2 * kMiB;
+constexpr std::size_t kJournalEntryCost = 256;
+
+constexpr const char* kLineBreak = "\r\n";
+
+}  // namespace
+
+ReadContext::ReadContext(ByteView file, const Traduction& traduction, Journal& journal)
+    : file_(file),
+      traduction_(traduction),
+      journal_(journal),
+      costLimit_(kCostPerByte * file.size() + kCostBase),
+      journalLimit_(file.size() + kJournalBase) {}
+
+std::string identityText(std::uint16_t identity) {
+    std::string Type;
+    std::string SubType;
+    setIdentity(Type, SubType, identity);
+    return " 0x" + Type + '/' + SubType;
+}
+
+std::string ReadContext::contextMessage() const {
+    switch (object_.kind) {
+        case ObjectKind::Polygone:
+            return Trad("Erreur dans la lecture du polygone", "msgErreurPolygone") +
+                   identityText(object_.identity);
+        case ObjectKind::Polyline:
+            return Trad("Erreur dans la lecture de la polyligne", "msgErreurPolyligne") +
+                   identityText(object_.identity);
+        case ObjectKind::POI:
+            return Trad("Erreur dans la lecture du POI", "msgErreurPOI") +
+                   identityText(object_.identity);
+        default:
+            return {};
+    }
+}
+
+void ReadContext::error(const ErrorFacts& facts) {
+    if (!journalOpen()) {
+        add(JournalKind::error, {});
+        return;
+    }
+    const std::string context = contextMessage();
+    std::string text = context.empty()
+                           ? Trad("Erreur inconnue lors de l'ouverture du fichier : erreur n°",
+                                  "msgErreurOuverture")
+                           : context + ' ' + Trad("erreur n°", "msgNumeroErreur");
+    const auto word = [this](const char* name) { return traduction_.Trad("VBErrors", name, name); };
+    text += std::to_string(static_cast<int>(facts.number));
+    text += kLineBreak + word("Description") + ": " + facts.description;
+    text += kLineBreak + word("Procedure") + ": ouvrir   ";
+    text += kLineBreak + word("Module") + ": frmMain";
+    add(JournalKind::error, std::move(text));
+}
+
+void ReadContext::warning(const std::string& complaint) {
+    if (!journalOpen()) {
+        add(JournalKind::warning, {});
+        return;
+    }
+    add(JournalKind::warning, Trad("Attention", "msgWarning") + ": " + complaint + "    ");
+}
+
+void ReadContext::add(JournalKind kind, std::string text) {
+    if (journalOpen()) {
+        std::string context = contextMessage();
+        journalCost_ += kJournalEntryCost + text.size() + context.size();
+        journal_.add({kind, std::move(context), 0, std::move(text)});
+        return;
+    }
+    bool& told = closingTold_[static_cast<std::size_t>(kind)];
+    if (!told) {
+        told = true;
+        journal_.add(
+            {kind,
+             {},
+             0,
+             Trad("Trop de messages : les suivants ne sont pas conservés.", "msgJournalPlein")});
+    }
+}
+
+bool ReadContext::exhausted() {
+    if (cost_ <= costLimit_) {
+        return false;
+    }
+    if (!exhaustionTold_) {
+        exhaustionTold_ = true;
+        error(ErrorNumber::memory,
+              "les objets se recouvrent et dépassent ce que le fichier peut contenir");
+    }
+    return true;
+}
+
+}  // namespace quillmark

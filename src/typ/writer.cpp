@@ -1,0 +1,182 @@
+#include "typ/writer.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+
+#include "typ/draw_order_section.h"
+#include "typ/extra_poi_section.h"
+#include "typ/header.h"
+#include "typ/label_sections.h"
+#include "typ/poi_records.h"
+#include "typ/polygon_records.h"
+#include "typ/polyline_records.h"
+#include "typ/record_order.h"
+
+namespace quillmark {
+namespace {
+
+constexpr std::size_t kMaxFileSize = std::numeric_limits<std::int32_t>::max();
+
+std::uint16_t headerNumber(const std::string& text) {
+    std::uint16_t value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end) {
+        throw Failure(ErrorNumber::conversion, "nombre de 0 à 65535 attendu : " + text);
+    }
+    return value;
+}
+
+void checkCounts(const Document& document) {
+    const std::size_t most = std::max({document.Polygone.size(), document.Polyline.size(),
+                                       document.POI.size(), document.ExtraPOI.size()});
+    if (most > kMaxObjects) {
+        throw Failure(ErrorNumber::overflow,
+                      "plus de " + std::to_string(kMaxObjects) + " objets d'une sorte");
+    }
+}
+
+// Takes out what the header has no place for. Labels and block stay in the document, which may
+// get a longer header again; only their places go.
+void dropUnheld(Document& document, std::size_t understood) {
+    if (understood < kActiveRoutingHeaderEnd) {
+        std::erase_if(document.Polyline, [](const auto& line) { return line.isActiveRouting(); });
+        document.EnteteActiveRouting = {};
+    }
+    if (understood < kBlocHeaderEnd) {
+        document.EnteteBloc = {};
+    }
+    if (understood < kLabelsHeaderEnd) {
+        document.EnteteLabels.strings = {};
+        document.EnteteLabels.tableA = {};
+        document.EnteteLabels.tableB = {};
+    }
+    if (understood < kExtraPoiHeaderEnd) {
+        document.ExtraPOI.clear();
+        document.EnteteExtraPOI.index = {};
+        document.EnteteExtraPOI.data = {};
+    }
+}
+
+template <typename Record>
+void sortByIdentity(std::vector<Record>& records) {
+    sortByKey(records, [](const Record& record) {
+        return std::int64_t{identityValue(record.Type, record.SubType)};
+    });
+}
+
+// Within one type Active Routing lines come first, by activity, then ordinary ones.
+void sortForFile(std::vector<Polyline>& polylines) {
+    sortByKey(polylines, [](const Polyline& line) {
+        const std::int64_t identity = identityValue(line.Type, line.SubType) & 0xFFFF;
+        const int activity = line.ActiveRouting[0] << 8 | line.ActiveRouting[1];
+        return identity << 32 | (activity == 0 ? 0x10000 : activity);
+    });
+}
+
+template <typename Record>
+std::size_t totalSize(const std::vector<Record>& records, std::size_t indexEntrySize) {
+    std::size_t total = 0;
+    for (const Record& record : records) {
+        total += recordSize(record) + indexEntrySize;
+    }
+    return total;
+}
+
+// An estimate that spares the writer from growing; Extra POI and draw order are small.
+std::size_t expectedSize(const Document& document) {
+    return writtenHeaderSize(document.TailleEntete) + document.EntreSections.size() +
+           totalSize(document.Polygone, 5) + totalSize(document.Polyline, 7) +
+           totalSize(document.POI, 5) + document.LabelsStrings.size() +
+           document.LabelsTableA.size() + document.LabelsTableB.size() + document.BlocBrut.size() +
+           document.ListDraworder.size() * 10;
+}
+
+void writeSections(ByteWriter& writer, Document& document, std::size_t understood) {
+    EnteteTYP& base = document.EnteteTYP;
+    writer.bytes(document.EntreSections);
+    writePolygons(writer, document.Polygone, base.polygonData, base.polygonIndex);
+    const PolylinePlaces lines = writePolylines(writer, document.Polyline);
+    base.polylineData = lines.data;
+    base.polylineIndex = lines.index;
+    document.EnteteActiveRouting.index = lines.activeRoutingIndex;
+    writePois(writer, document.POI, base.poiData, base.poiIndex);
+    document.EnteteExtraPOI = writeExtraPoi(writer, document.ExtraPOI, document.EnteteExtraPOI);
+    writeDrawOrder(writer, document);
+    if (understood >= kLabelsHeaderEnd) {
+        writeLabels(writer, document);
+    }
+    if (understood >= kBlocHeaderEnd) {
+        writeBloc(writer, document);
+    }
+}
+
+void fillHeader(Document& document, const DateTime& now) {
+    EnteteTYP& header = document.EnteteTYP;
+    header.headerSize = static_cast<std::uint16_t>(writtenHeaderSize(document.TailleEntete));
+    header.magic = kMagic;
+    header.version = 1;
+    header.year = static_cast<std::uint16_t>(now.year);
+    header.month = static_cast<std::uint8_t>(now.month);
+    header.day = static_cast<std::uint8_t>(now.day);
+    header.hour = static_cast<std::uint8_t>(now.hour);
+    header.minute = static_cast<std::uint8_t>(now.minute);
+    header.second = static_cast<std::uint8_t>(now.second);
+    header.codePage = static_cast<std::uint16_t>(document.CodePage);
+    header.FID = headerNumber(document.FID);
+    header.ProductCode = headerNumber(document.ProductCode);
+}
+
+}  // namespace
+
+WrittenTyp CreerTYP(Document document, const DateTime& now) {
+    const std::size_t headerSize = writtenHeaderSize(document.TailleEntete);
+    const std::size_t understood = understoodHeaderSize(headerSize);
+    document.TailleEntete = static_cast<std::int32_t>(headerSize);
+    fillHeader(document, now);
+    dropUnheld(document, understood);
+    checkCounts(document);
+    sortByIdentity(document.Polygone);
+    sortForFile(document.Polyline);
+    sortByIdentity(document.POI);
+    sortGroups(document.ExtraPOI);
+
+    ByteWriter writer;
+    writer.reserve(expectedSize(document));
+    writer.zeros(headerSize);
+    writeSections(writer, document, understood);
+    if (writer.position() > kMaxFileSize) {
+        throw Failure(ErrorNumber::overflow, "fichier de plus de 2 Go");
+    }
+    sortLikeReader(document.Polyline);
+    writer.overwrite(0, encodeHeader(document));
+    return {writer.release(), std::move(document)};
+}
+
+int smallestHeader(const Document& document) {
+    const auto& labels = document.EnteteLabels;
+    const auto isZero = [](const auto& bytes) {
+        return std::all_of(bytes.begin(), bytes.end(), [](auto byte) { return byte == 0; });
+    };
+    if (!isZero(document.EnteteInconnu)) {
+        return document.TailleEntete;
+    }
+    if (document.NbPolylinesAR() > 0) {
+        return kActiveRoutingHeaderEnd;
+    }
+    if (!document.BlocBrut.empty()) {
+        return kBlocHeaderEnd;
+    }
+    if (!document.LabelsStrings.empty() || !document.LabelsTableA.empty() ||
+        !document.LabelsTableB.empty() || labels.entrySizeA != 0 || labels.entrySizeB != 0 ||
+        !isZero(labels.unknown1) || !isZero(labels.unknown2) || !isZero(labels.unknown3)) {
+        return kLabelsHeaderEnd;
+    }
+    if (!document.ExtraPOI.empty() || document.EnteteExtraPOI.flags != 0) {
+        return kExtraPoiHeaderEnd;
+    }
+    return kBaseHeaderEnd;
+}
+
+}  // namespace quillmark
