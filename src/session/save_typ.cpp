@@ -1,0 +1,133 @@
+#include "core/files.h"
+#include "session/save.h"
+#include "session/save_target.h"
+
+namespace quillmark {
+namespace {
+
+constexpr const char* kLineBreak = "\r\n";
+constexpr const char* kProduct = "Quillmark";
+
+// Header sizes, in bytes, from which on these are held.
+constexpr std::int32_t kHoldsExtraPoi = 110;
+constexpr std::int32_t kHoldsActiveRouting = 174;
+
+void refuse(const std::string& message, const std::string& titre, Dialogues& dialogues) {
+    dialogues.AfficheMessage(message, MessageStyle::ok, titre);
+}
+
+bool giveUp(const std::string& what, const std::string& remedy, const std::string& question,
+            Dialogues& dialogues) {
+    const std::string end = std::string(".") + kLineBreak;
+    return dialogues.AfficheMessage(what + end + remedy + end + kLineBreak + question + " ?",
+                                    MessageStyle::yesNo, kProduct) == Answer::yes;
+}
+
+// True when nothing stands against saving, and the user gives up what the header can't hold.
+bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction& traduction) {
+    const auto text = [&](const char* defaut, const char* cle) {
+        return traduction.Trad("Main", defaut, cle);
+    };
+    if (document.FID.empty()) {
+        refuse(text("Il faut indiquer le FID.", "msgFID1"), text("FID absent", "msgFID2"),
+               dialogues);
+        return false;
+    }
+    if (document.ProductCode.empty()) {
+        refuse(text("Il faut indiquer le Product Code.", "msgPID1"),
+               text("Product Code absent", "msgPID2"), dialogues);
+        return false;
+    }
+    if (document.TailleEntete < kHoldsActiveRouting && document.NbPolylinesAR() > 0 &&
+        !giveUp(text("Le fichier typ contient des lignes d'Active Routing", "msgActiveRouting1"),
+                text("Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
+                     "174 octets",
+                     "msgActiveRouting2"),
+                text("Voulez-vous continuer   (l'Active Routing sera perdu)", "msgActiveRouting3"),
+                dialogues)) {
+        return false;
+    }
+    return document.TailleEntete >= kHoldsExtraPoi || document.ExtraPOI.empty() ||
+           giveUp(text("Le fichier typ contient des Extra POI", "msgExtraPOI1"),
+                  text("Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
+                       "110 octets",
+                       "msgExtraPOI2"),
+                  text("Voulez-vous continuer   (les Extra POI seront perdus)", "msgExtraPOI3"),
+                  dialogues);
+}
+
+void tellFailure(const Failure& failure, Dialogues& dialogues, const Traduction& traduction) {
+    dialogues.AfficheMessage(
+        traduction.Trad("Main", "Il y a eu une erreur lors de la création du fichier.",
+                        "msgErreurCreation") +
+            kLineBreak + traduction.Trad("Main", "Erreur numéro", "msgErreurNumero") + ' ' +
+            std::to_string(static_cast<int>(failure.number())) + ' ' + failure.what(),
+        MessageStyle::ok, {});
+}
+
+// Asks again and again until the file can be written; false when the user gives up.
+bool waitUntilWritable(const std::filesystem::path& file, Dialogues& dialogues,
+                       const Traduction& traduction) {
+    const auto text = [&](const char* defaut, const char* cle) {
+        return traduction.Trad("MsgBox", defaut, cle);
+    };
+    while (!isWritable(file)) {
+        const std::string message =
+            text("Impossible d'enregistrer le fichier.", "MsgBoxErreur1") + kLineBreak +
+            text("Vérifier qu'il n'est pas utilisé par Mapsource/BaseCamp,", "MsgBoxErreur2") +
+            kLineBreak + text("et qu'il n'a pas l'attribut \"Lecture Seule\".", "MsgBoxErreur4") +
+            kLineBreak +
+            text("Fermer ces programmes s'ils sont ouverts puis cliquer sur \"Recommencer\" .",
+                 "MsgBoxErreur3");
+        if (dialogues.AfficheMessage(message, MessageStyle::retryCancel, {}) != Answer::retry) {
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<WrittenTyp> composeTyp(const Document& document, Dialogues& dialogues,
+                                     const Traduction& traduction) {
+    if (!mayCompose(document, dialogues, traduction)) {
+        return std::nullopt;
+    }
+    try {
+        return CreerTYP(document, currentDateTime());
+    } catch (const Failure& failure) {
+        tellFailure(failure, dialogues, traduction);
+        return std::nullopt;
+    }
+}
+
+SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP, bool AvecDialogue,
+                     Dialogues& dialogues, const Traduction& traduction) {
+    if (!mayCompose(document, dialogues, traduction)) {
+        return {};
+    }
+    std::filesystem::path file = FichierTYP;
+    if (AvecDialogue || file.empty()) {
+        const auto chosen =
+            chooseSaveTarget(traduction.Trad("Main", "Enregistrer sous", "dlgEnregistrerSous"),
+                             typFilter(traduction), FichierTYP, dialogues, traduction);
+        if (!chosen) {
+            return {};
+        }
+        file = *chosen;
+    }
+    if (!waitUntilWritable(file, dialogues, traduction)) {
+        return {};
+    }
+    try {
+        WrittenTyp written = CreerTYP(document, currentDateTime());
+        replaceFile(file, written.file);
+        document = std::move(written.document);
+    } catch (const Failure& failure) {
+        tellFailure(failure, dialogues, traduction);
+        return {SaveStatus::failed, file};
+    }
+    return {SaveStatus::saved, file};
+}
+
+}  // namespace quillmark
