@@ -1,10 +1,11 @@
 # A room is one static library made of the sources of its folder. Sources named for a platform
 # (`*_posix.cpp`, `*_icu.cpp`, `*_win32.cpp`) are taken only on that platform, so that no source
-# holds a test of the platform.
+# holds a test of the platform. A `main.cpp` is left to the program that the room is for.
 function(quillmark_room name)
     cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS
         ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
     if(WIN32)
         list(FILTER sources EXCLUDE REGEX "_(posix|icu)\\.cpp$")
     else()

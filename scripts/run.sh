@@ -105,13 +105,25 @@ else
     echo "Wrote  $back (that text compiled again)"
 fi
 
+same=()
 different=()
 for label in polygons lines points 'draw order entries' 'extra POI groups'; do
-    [ "$(value "$before" "$label")" = "$(value "$after" "$label")" ] || different+=("$label")
+    [ "$(count "$before" "$label")" != 0 ] || continue
+    if [ "$(value "$before" "$label")" = "$(value "$after" "$label")" ]; then
+        same+=("$label")
+    else
+        different+=("$label ($(count "$after" "$label"))")
+    fi
 done
+listed() {
+    local text
+    text=$(printf '%s, ' "$@")
+    echo "${text%, }"
+}
 if [ ${#different[@]} -eq 0 ]; then
     echo 'The way back gave the same records, byte for byte.'
 else
-    printf 'The way back gave the same records, save these: %s.\n' \
-        "$(printf '%s, ' "${different[@]}" | sed 's/, $//')"
+    echo "The way back did not give all records byte for byte: some bytes have no place in text."
+    [ ${#same[@]} -eq 0 ] || echo "The same: $(listed "${same[@]}")."
+    echo "Not all the same: $(listed "${different[@]}")."
 fi

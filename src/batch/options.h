@@ -1,0 +1,40 @@
+// The command line, read into values. Nothing here touches files.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace quillmark {
+
+// "-" in place of a file name: standard input or standard output.
+inline constexpr const char* kStandardStream = "-";
+
+enum class Command { text, typ, check, info, help, version };
+
+struct BatchOptions {
+    Command command = Command::help;
+    std::vector<std::string> inputs;  // one for `text` and `typ`
+    std::string output;               // `text` and `typ` only
+    std::string language;             // name of a language file, empty for built-in French
+
+    bool utf8 = false;              // the text in UTF-8 instead of the document's code page
+    bool longPoiCode = true;        // type and subtype of a point on two lines
+    bool trueColours = true;        // pixels of pictures without palette
+    bool headerComments = true;     // where the text comes from, in comment lines
+    std::optional<int> headerSize;  // bytes
+    std::optional<int> fid;
+    std::optional<int> productCode;
+    std::optional<int> codePage;
+};
+
+struct WrongUsage {
+    std::string message;  // English, without line end
+};
+
+// `arguments` without the name of the program.
+[[nodiscard]] std::variant<BatchOptions, WrongUsage> parseOptions(
+    const std::vector<std::string>& arguments);
+
+}  // namespace quillmark
