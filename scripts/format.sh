@@ -4,6 +4,13 @@ set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 mode=(-i)
-[ "${1:-}" != --check ] || mode=(--dry-run -Werror)
-find src tests fuzz bench -name '*.h' -print0 -o -name '*.cpp' -print0 |
+if [ "${1:-}" = --check ]; then
+    mode=(--dry-run -Werror)
+    # Other versions break lines differently.
+    if ! clang-format --version | grep -q 'version 14\.'; then
+        echo "Not checked: $(clang-format --version), the sources are formatted with version 14."
+        exit 0
+    fi
+fi
+find src tests fuzz bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
     xargs -0 -r clang-format "${mode[@]}"

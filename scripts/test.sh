@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds with address and undefined-behaviour sanitizers, runs all tests, checks the formatting.
+# Builds with address and undefined-behaviour sanitizers, runs all tests and checks the formatting.
 # Installs what is missing. Real files are tested too when QUILLMARK_CORPUS names their folder.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
@@ -13,12 +13,13 @@ if [ -z "${QUILLMARK_CORPUS:-}" ] && [ -d ../shared/corpus ]; then
 fi
 export QUILLMARK_CORPUS=${QUILLMARK_CORPUS:-}
 
-echo '== formatting'
-scripts/format.sh --check
-
 echo '== build'
 cmake --preset asan --log-level=WARNING
 cmake --build --preset asan -j "$(nproc)"
 
 echo '== tests'
 ctest --preset asan -j "$(nproc)"
+
+echo '== formatting'
+scripts/format.sh --check
+echo 'Done.'

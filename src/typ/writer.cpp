@@ -150,8 +150,7 @@ WrittenTyp CreerTYP(Document document, const DateTime& now) {
         throw Failure(ErrorNumber::overflow, "fichier de plus de 2 Go");
     }
     sortLikeReader(document.Polyline);
-    document.EnteteInconnu.resize(
-        std::max(document.EnteteInconnu.size(), headerSize - understood));
+    document.EnteteInconnu.resize(std::max(document.EnteteInconnu.size(), headerSize - understood));
     writer.overwrite(0, encodeHeader(document));
     return {writer.release(), std::move(document)};
 }

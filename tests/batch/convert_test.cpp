@@ -54,9 +54,10 @@ TEST_F(ConvertTest, OptionsOfTextChangeWhatTheySay) {
     EXPECT_TRUE(holds(commented, "; " + path("").substr(0, path("").size() - 1)));
     EXPECT_TRUE(holds(commented, "09/09/2001"));
 
-    const std::string trueColours = smallStyle() +
-                                    "[_point]\nType=0x3000\nDayXpm=\"1 1 0 1\" Colormode=0\n\"#102030\"\n"
-                                    "[end]\n";
+    const std::string trueColours =
+        smallStyle() +
+        "[_point]\nType=0x3000\nDayXpm=\"1 1 0 1\" Colormode=0\n\"#102030\"\n"
+        "[end]\n";
     const std::string withPixels = compile("b.typ", trueColours);
     EXPECT_TRUE(holds(textOf(withPixels), "#102030"));
     EXPECT_FALSE(holds(runBatch({"text", withPixels, "-", "--no-true-colours"}).out, "#102030"));

@@ -24,13 +24,18 @@ namespace {
 std::size_t held = 0;
 std::size_t mostHeld = 0;
 
-void* allocate(std::size_t size) {
+void* allocateOrNull(std::size_t size) noexcept {
     void* memory = std::malloc(size);
+    held += malloc_usable_size(memory);
+    mostHeld = std::max(mostHeld, held);
+    return memory;
+}
+
+void* allocate(std::size_t size) {
+    void* memory = allocateOrNull(size);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
-    held += malloc_usable_size(memory);
-    mostHeld = std::max(mostHeld, held);
     return memory;
 }
 
@@ -43,11 +48,18 @@ void release(void* memory) noexcept {
 
 }  // namespace
 
+// All of them, since the standard library asks for memory in each way.
 void* operator new(std::size_t size) {
     return allocate(size);
 }
 void* operator new[](std::size_t size) {
     return allocate(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return allocateOrNull(size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return allocateOrNull(size);
 }
 void operator delete(void* memory) noexcept {
     release(memory);
@@ -59,6 +71,12 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept {
     release(memory);
 }
 void operator delete[](void* memory, std::size_t /*size*/) noexcept {
+    release(memory);
+}
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept {
+    release(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept {
     release(memory);
 }
 
