@@ -215,7 +215,9 @@ void ecriture_bitmap(const PoiWorkingForm& form, ImagePOI& target, bool& erreur,
     encoded.ColorMode = static_cast<std::uint8_t>(form.ColorMode);
     // The mark goes with the bytes: without it they would be read as true colours.
     encoded.Retente = form.NbCouleurs == 0 && form.writeWithPalette ? -1 : 0;
-    if (form.NbCouleurs == 0 && !form.writeWithPalette) {
+    if (form.Largeur == 0 || form.Hauteur == 0) {
+        // Neither palette nor pixels belong to a picture without size.
+    } else if (form.NbCouleurs == 0 && !form.writeWithPalette) {
         encoded.Bitmap = trueColourBytes(form);
     } else {
         encoded.Couleurs = paletteBytes(form);
@@ -254,14 +256,26 @@ void ecriture_octets_bitmap(const PoiWorkingForm& form, Bytes& octets, bool& err
 
 void ajuster_bitmap(PoiWorkingForm& form) {
     form.image.resize(form.Largeur, form.Hauteur, form.background);
-    for (PixelMatrix* matrix : {&form.Pixels, &form.AlphaPixels}) {
-        matrix->widen(form.Largeur, form.Hauteur);
-        for (int y = 0; y < matrix->rows(); ++y) {
-            for (int x = y < form.Hauteur ? form.Largeur : 0; x < matrix->columns(); ++x) {
-                (*matrix)(x, y) = kTransparentPixel;
+    const auto clearOutside = [&form](PixelMatrix& matrix, std::uint8_t value) {
+        matrix.widen(form.Largeur, form.Hauteur);
+        for (int y = 0; y < matrix.rows(); ++y) {
+            for (int x = y < form.Hauteur ? form.Largeur : 0; x < matrix.columns(); ++x) {
+                matrix(x, y) = value;
             }
         }
+    };
+    clearOutside(form.Pixels, kTransparentPixel);
+    // New pixels of a picture with alpha are opaque.
+    clearOutside(form.AlphaPixels, 0);
+}
+
+std::uint8_t nightFlags(std::uint8_t Entete, const ImagePOI& day, const ImagePOI& night) {
+    constexpr std::uint8_t ownPixels = 0x01;
+    if ((Entete & 0x02U) == 0) {
+        return Entete;
     }
+    const bool shared = day.NbCouleurs > 0 && night.NbCouleurs > 0 && day.Bitmap == night.Bitmap;
+    return static_cast<std::uint8_t>(shared ? Entete & ~ownPixels : Entete | ownPixels);
 }
 
 Image dessine(const PoiWorkingForm& form) {

@@ -84,6 +84,10 @@ void ecriture_octets_bitmap(const PoiWorkingForm& form, Bytes& octets, bool& err
 // After a change of `Largeur`, `Hauteur` or `Zoom`: the image follows, and what lies outside
 // becomes transparent.
 void ajuster_bitmap(PoiWorkingForm& form);
+// `Entete` of an accepted point: its bit 0x01 is clear only when day and night share their pixels.
+// Without a night picture it stays as it was.
+[[nodiscard]] std::uint8_t nightFlags(std::uint8_t Entete, const ImagePOI& day,
+                                      const ImagePOI& night);
 // The enlarged view.
 [[nodiscard]] Image dessine(const PoiWorkingForm& form);
 

@@ -59,7 +59,11 @@ SaveOutcome EnregistrerTxt(const Document& document, const std::string& text,
     }
     const int codePage = request.utf8 ? kUtf8 : document.CodePage;
     try {
-        replaceFile(file, textToBytes(text, codePage).bytes);
+        const EncodedText encoded = textToBytes(text, codePage);
+        if (encoded.bytes.empty() && !text.empty()) {
+            throw Failure(ErrorNumber::conversion, "page de code " + std::to_string(codePage));
+        }
+        replaceFile(file, encoded.bytes);
     } catch (const Failure&) {
         tellFailure(dialogues, traduction);
         return {SaveStatus::failed, file};

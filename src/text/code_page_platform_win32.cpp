@@ -1,5 +1,7 @@
 #include <windows.h>
 
+#include <string>
+
 #include "text/code_page_platform.h"
 
 namespace quillmark::platform {
@@ -29,17 +31,35 @@ std::u16string toUtf16(ByteView bytes, int codePage) {
     if (!hasCodePage(codePage) || bytes.empty()) {
         return {};
     }
+    const auto page = static_cast<UINT>(codePage);
+    const auto convert = [page](const char* source, int size, std::wstring& text) {
+        const int length =
+            MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, source, size, nullptr, 0);
+        if (length <= 0) {
+            return false;
+        }
+        const std::size_t before = text.size();
+        text.resize(before + static_cast<std::size_t>(length));
+        MultiByteToWideChar(page, MB_ERR_INVALID_CHARS, source, size, text.data() + before, length);
+        return true;
+    };
     const auto* source = reinterpret_cast<const char*>(bytes.data());
     const int size = static_cast<int>(bytes.size());
-    const int length =
-        MultiByteToWideChar(static_cast<UINT>(codePage), 0, source, size, nullptr, 0);
-    if (length <= 0) {
-        return {};
+    std::wstring text;
+    if (!convert(source, size, text)) {
+        // Somewhere a sequence is malformed: character by character, to keep the others.
+        text.clear();
+        for (int i = 0; i < size;) {
+            const bool lead = IsDBCSLeadByteEx(page, bytes[static_cast<std::size_t>(i)]) != FALSE;
+            int length = lead && i + 1 < size ? 2 : 1;
+            if (!convert(source + i, length, text)) {
+                text.push_back(L'\xFFFD');
+                length = 1;
+            }
+            i += length;
+        }
     }
-    std::u16string text(static_cast<std::size_t>(length), u'\0');
-    MultiByteToWideChar(static_cast<UINT>(codePage), 0, source, size,
-                        reinterpret_cast<wchar_t*>(text.data()), length);
-    return text;
+    return {text.begin(), text.end()};
 }
 
 Bytes fromUtf16(const std::u16string& text, int codePage, std::size_t& lost) {

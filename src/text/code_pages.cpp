@@ -5,6 +5,7 @@
 #include <charconv>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 
 #include "text/code_page_platform.h"
@@ -96,8 +97,9 @@ int resolve(int codePage) {
 bool isWellFormed(std::string_view text) {
     for (std::size_t i = 0; i < text.size();) {
         const std::size_t start = i;
-        // A sequence of three bytes may spell U+FFFD itself.
-        if (nextCharacter(text, i) == kReplacement && i - start != 3) {
+        // The text may spell U+FFFD itself.
+        if (nextCharacter(text, i) == kReplacement &&
+            text.substr(start, 3) != std::string_view("\xEF\xBF\xBD")) {
             return false;
         }
     }
@@ -152,19 +154,90 @@ bool multiByteKeepsAscii(int codePage) {
            codePage == 950 || codePage == 54936;
 }
 
-// Position behind `needle` in `text`, both compared without regard to ASCII case.
-std::size_t findBehind(std::string_view text, std::string_view needle) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    const auto found = std::search(text.begin(), text.end(), needle.begin(), needle.end(),
-                                   [&](char a, char b) { return lower(a) == lower(b); });
+char lowerCase(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
+
+std::size_t findKey(std::string_view text, std::size_t from) {
+    constexpr std::string_view key = "codepage";
+    const auto found =
+        std::search(text.begin() + static_cast<std::ptrdiff_t>(from), text.end(), key.begin(),
+                    key.end(), [](char a, char b) { return lowerCase(a) == b; });
     return found == text.end() ? std::string_view::npos
-                               : static_cast<std::size_t>(found - text.begin()) + needle.size();
+                               : static_cast<std::size_t>(found - text.begin());
+}
+
+// The number behind "CodePage" and a separator, read like the parser reads that line.
+std::optional<int> numberBehindKey(std::string_view text) {
+    constexpr std::string_view blanks = " \t";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    if (text.empty() || (text.front() != '=' && text.front() != ':')) {
+        return std::nullopt;
+    }
+    text.remove_prefix(1);
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    int number = 0;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
+    // 0 and below aren't pages that a file could be in.
+    return parsed.ec == std::errc() && number > 0 ? std::optional(number) : std::nullopt;
+}
+
+bool beginsLine(std::string_view text, std::size_t position) {
+    while (position > 0 && (text[position - 1] == ' ' || text[position - 1] == '\t')) {
+        --position;
+    }
+    return position == 0 || text[position - 1] == '\n' || text[position - 1] == '\r' ||
+           text[position - 1] == ']' || static_cast<std::uint8_t>(text[position - 1]) >= 0x80;
+}
+
+struct NamedPage {
+    bool named = false;
+    std::optional<int> number;
+};
+
+// The page that a line names; without such a line the first one named anywhere, in a comment say.
+NamedPage findCodePage(std::string_view text) {
+    NamedPage result;
+    for (std::size_t at = findKey(text, 0); at != std::string_view::npos;
+         at = findKey(text, at + 1)) {
+        result.named = true;
+        const auto number = numberBehindKey(text.substr(at + 8));
+        if (number && beginsLine(text, at)) {
+            result.number = number;
+            return result;
+        }
+        result.number = result.number ? result.number : number;
+    }
+    return result;
+}
+
+// Multi-byte pages by the pieces between control characters: the tables of some libraries swap
+// those.
+template <typename View, typename Convert, typename Control>
+void betweenControls(View view, Convert convert, Control control) {
+    const auto isSwapped = [](auto unit) { return unit == 0x1A || unit == 0x1C || unit == 0x7F; };
+    while (!view.empty()) {
+        const auto stop = std::find_if(view.begin(), view.end(), isSwapped);
+        const auto length = static_cast<std::size_t>(stop - view.begin());
+        if (length > 0) {
+            convert(View(view.begin(), stop));
+        }
+        if (stop == view.end()) {
+            return;
+        }
+        control(*stop);
+        view = View(stop + 1, view.end());
+    }
 }
 
 }  // namespace
 
 bool codePageExists(int codePage) {
-    return codePage == 0 || codePage == -1 || platform::hasCodePage(codePage);
+    if (codePage == 0 || codePage == -1 || multiByteKeepsAscii(codePage)) {
+        return true;
+    }
+    const SingleByteTable* table = singleByteTable(codePage);
+    return table != nullptr && table->asciiIsAscii;
 }
 
 std::string bytesToText(ByteView bytes, int codePage) {
@@ -186,7 +259,16 @@ std::string bytesToText(ByteView bytes, int codePage) {
     if (const SingleByteTable* table = singleByteTable(codePage)) {
         return fromSingleByte(bytes, *table);
     }
-    return utf16ToUtf8(platform::toUtf16(bytes, codePage));
+    std::string text;
+    betweenControls(
+        bytes, [&](ByteView piece) { text += utf16ToUtf8(platform::toUtf16(piece, codePage)); },
+        [&](std::uint8_t control) { text.push_back(static_cast<char>(control)); });
+    return text;
+}
+
+bool isMalformed(ByteView bytes, std::string_view decoded, int codePage) {
+    return resolve(codePage) == kUtf8 ? !isValidUtf8(bytes)
+                                      : decoded.find("\xEF\xBF\xBD") != std::string_view::npos;
 }
 
 EncodedText textToBytes(std::string_view text, int codePage) {
@@ -205,7 +287,14 @@ EncodedText textToBytes(std::string_view text, int codePage) {
     if (const SingleByteTable* table = singleByteTable(codePage)) {
         return toSingleByte(text, *table);
     }
-    result.bytes = platform::fromUtf16(utf8ToUtf16(text), codePage, result.lost);
+    const std::u16string units = utf8ToUtf16(text);
+    betweenControls(
+        std::u16string_view(units),
+        [&](std::u16string_view piece) {
+            const Bytes bytes = platform::fromUtf16(std::u16string(piece), codePage, result.lost);
+            result.bytes.insert(result.bytes.end(), bytes.begin(), bytes.end());
+        },
+        [&](char16_t control) { result.bytes.push_back(static_cast<std::uint8_t>(control)); });
     return result;
 }
 
@@ -225,21 +314,9 @@ DecodedTextFile decodeTextFile(ByteView file, TextFileEncoding encoding) {
         file = file.subspan(3);
     }
     const std::string_view raw = asText(file);
-    // The key may stand alone in a comment near the top, so the whole file is looked at after it.
-    std::size_t value = findBehind(raw.substr(0, 100), "CodePage=");
-    if (value == std::string_view::npos) {
-        value = findBehind(raw, "CodePage=");
-    }
-    if (value != std::string_view::npos) {
-        std::string_view digits = raw.substr(value, 5);
-        digits.remove_prefix(std::min(digits.find_first_not_of(' '), digits.size()));
-        int number = 0;
-        const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-        if (parsed.ec == std::errc()) {
-            result.CodePage = number;
-        }
-    }
-    result.namesCodePage = findBehind(raw, "CodePage") != std::string_view::npos;
+    const NamedPage named = findCodePage(raw);
+    result.namesCodePage = named.named;
+    result.CodePage = named.number.value_or(result.CodePage);
 
     bool hasMultiByte = false;
     const bool valid = isValidUtf8(file, &hasMultiByte);

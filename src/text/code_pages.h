@@ -12,13 +12,17 @@ namespace quillmark {
 
 inline constexpr int kUtf8 = 65001;
 
-// True when the platform has the page.
+// True when the platform has the page and its ASCII is ASCII, without which no key of a text
+// could be read.
 [[nodiscard]] bool codePageExists(int codePage);
 
 // Bytes that the page leaves undefined become the C1 control or the private character that the
 // platform uses for them, so that single-byte pages lose nothing; malformed sequences of
 // multi-byte pages become U+FFFD. An unknown page yields an empty text.
 [[nodiscard]] std::string bytesToText(ByteView bytes, int codePage);
+
+// True when bytes didn't follow the rules of their page; `decoded` is what they became.
+[[nodiscard]] bool isMalformed(ByteView bytes, std::string_view decoded, int codePage);
 
 struct EncodedText {
     Bytes bytes;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/format.h"
+#include "text/labels.h"
 #include "text/text_writer.h"
 
 namespace quillmark {
@@ -23,7 +24,10 @@ std::string timeText(int hour, int minute, int second) {
 
 void writeSourceComments(TextWriter& out, const SourceComments& comments) {
     if (!comments.folder.empty()) {
-        out.raw("; ").line(comments.folder);
+        std::string folder = comments.folder;
+        std::replace_if(
+            folder.begin(), folder.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+        out.raw("; ").line(folder);
     }
     out.raw("; Longueur: ").raw(comments.fileSize).line(" octets");
     out.raw("; Fichier TYP compilé ").line(comments.compiledAt);
@@ -63,6 +67,29 @@ void writeDrawOrder(TextWriter& out, const Document& document) {
         }
     }
     out.line(format::kEnd).end();
+}
+
+// Lines of text are trimmed, and some characters within a label mean something there.
+bool textChanges(ByteView label) {
+    const std::string_view text(reinterpret_cast<const char*>(label.data()), label.size());
+    return text.find_first_of(";=\t\r\n") != std::string_view::npos ||
+           text.find("0x") != std::string_view::npos || text.find("0X") != std::string_view::npos ||
+           (!text.empty() && (text.back() == ' ' || text.back() == ','));
+}
+
+int changedLabels(const Document& document) {
+    int count = 0;
+    const auto countIn = [&count](const auto& records) {
+        for (const auto& record : records) {
+            for (const RawLabel& label : splitStrings(record.Strings)) {
+                count += textChanges(label.text) ? 1 : 0;
+            }
+        }
+    };
+    countIn(document.Polygone);
+    countIn(document.Polyline);
+    countIn(document.POI);
+    return count;
 }
 
 // Collects where each section stands while sections are appended.
@@ -141,6 +168,7 @@ TextLosses textLosses(const Document& document) {
                            !document.LabelsTableB.empty();
     losses.rawBlock = !document.BlocBrut.empty();
     losses.betweenSections = !document.EntreSections.empty();
+    losses.labels = changedLabels(document);
     const auto losesSubtype = [](const auto& object) {
         return !object.Type.empty() && object.Type[0] == '0' && object.SubType != "00";
     };

@@ -63,8 +63,10 @@ struct TextLosses {
     bool rawBlock = false;
     bool betweenSections = false;
     int subtypes = 0;  // polygons and lines whose subtype isn't written
+    int labels = 0;    // that come back shortened or with other blanks
     [[nodiscard]] bool any() const {
-        return extraPoi || specialLabels || rawBlock || betweenSections || subtypes > 0;
+        return extraPoi || specialLabels || rawBlock || betweenSections || subtypes > 0 ||
+               labels > 0;
     }
 };
 [[nodiscard]] TextLosses textLosses(const Document& document);

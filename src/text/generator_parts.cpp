@@ -94,11 +94,8 @@ void writeStrings(ObjectLines& object, ByteView Strings,
     bool lineEnds = false;
     for (const RawLabel& raw : splitStrings(Strings)) {
         object.out.raw("String").number(++number).raw("=0x").hexByte(raw.language).character(',');
-        const std::string_view bytes(reinterpret_cast<const char*>(raw.text.data()),
-                                     raw.text.size());
         std::string label = bytesToText(raw.text, object.CodePage);
-        malformed = malformed || (label.size() != bytes.size() &&
-                                  label.find("\xEF\xBF\xBD") != std::string::npos);
+        malformed = malformed || isMalformed(raw.text, label, object.CodePage);
         lineEnds = replaceLineEnds(label) || lineEnds;
         object.out.line(label);
     }

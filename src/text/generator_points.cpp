@@ -15,11 +15,14 @@ struct Picture {
     const ImagePOI& image;
     int width;
     int height;
-    std::string_view key;  // "DayXpm" or "NightXpm"
+    bool isDay;
 };
 
 void writeHeader(TextWriter& out, const Picture& picture, int colours, int charactersPerPixel) {
-    out.raw(picture.key).raw("=\"").number(picture.width).character(' ').number(picture.height);
+    out.raw(picture.isDay ? "DayXpm=\"" : "NightXpm=\"")
+        .number(picture.width)
+        .character(' ')
+        .number(picture.height);
     out.character(' ').number(colours).character(' ').number(charactersPerPixel);
     out.raw("\"   Colormode=").number(picture.image.ColorMode).end();
 }
@@ -106,16 +109,20 @@ bool readPixels(const Picture& picture, std::vector<std::uint8_t>& values, bool&
     return true;
 }
 
-// False when text can't hold the picture as it is.
+bool modeKnown(const ImagePOI& image) {
+    return image.ColorMode == 0 || image.ColorMode == 0x10 || image.ColorMode == 0x20;
+}
+
+// False when text can't hold the picture as it is. What it can't hold at all is left out: by day
+// as an empty picture, by night without a word.
 bool writePicture(TextWriter& out, const Picture& picture, const GeneratorContext& context) {
     const ImagePOI& image = picture.image;
-    if (picture.width < 1 || picture.height == 0) {
-        out.raw(picture.key).line("=\"0 0 0 0\"");
-        return true;
-    }
-    if (image.Retente != 0) {
-        out.raw(picture.key).line("=\"0 0 0 0\"");
-        return false;
+    const bool empty = picture.width < 1 || picture.height == 0;
+    if (empty || image.Retente != 0 || !modeKnown(image)) {
+        if (empty || picture.isDay) {
+            out.raw(picture.isDay ? "DayXpm" : "NightXpm").line("=\"0 0 0 0\"");
+        }
+        return empty;
     }
     if (image.NbCouleurs == 0) {
         writeHeader(out, picture, 0, 1);
@@ -124,15 +131,11 @@ bool writePicture(TextWriter& out, const Picture& picture, const GeneratorContex
             writeTrueColours(out, picture);
             writeRuler(out, picture.width);
         }
-        return image.ColorMode == 0 || image.ColorMode == 0x10 || image.ColorMode == 0x20;
+        return true;
     }
     std::vector<std::uint8_t> values;
     bool transparent = false;
     const bool complete = readPixels(picture, values, transparent);
-    if (values.empty()) {
-        out.raw(picture.key).line("=\"0 0 0 0\"");
-        return false;
-    }
     const bool two = image.NbCouleurs > format::kOneCharacterColours;
     const std::size_t codeLength = two ? 2 : 1;
     const auto codes = pixelCodes(image.NbCouleurs, two);
@@ -184,11 +187,10 @@ void AffichePOI(const POI& poi, const GeneratorContext& context, int CodePage, s
     }
     writeCustomName(object, poi.CustomMPCName);
     lecture_ExtendedLabels(object, (poi.Entete & 0x08U) != 0, poi.ExtendedLabels);
-    bool complete = writePicture(out, {poi.Image[0], poi.Largeur, poi.Hauteur, "DayXpm"}, context);
+    bool complete = writePicture(out, {poi.Image[0], poi.Largeur, poi.Hauteur, true}, context);
     if ((poi.Entete & 0x02U) != 0) {
         complete =
-            writePicture(out, {poi.Image[1], poi.Largeur, poi.Hauteur, "NightXpm"}, context) &&
-            complete;
+            writePicture(out, {poi.Image[1], poi.Largeur, poi.Hauteur, false}, context) && complete;
     }
     out.line(format::kObjectEnd);
     if (!complete) {

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kMaxShortBlock = 127;  // entries that a prefix of one byte can tell
 
 // The longest beginning of `text` whose bytes don't pass `room`, cut between characters.
-Bytes encodePrefix(const std::string& text, int CodePage, std::size_t room) {
+EncodedText encodePrefix(const std::string& text, int CodePage, std::size_t room) {
     std::size_t low = 0;
     std::size_t high = text.size();
     const auto atCharacter = [&](std::size_t i) {
@@ -29,7 +29,7 @@ Bytes encodePrefix(const std::string& text, int CodePage, std::size_t room) {
             high = middle - 1;
         }
     }
-    return textToBytes(std::string_view(text).substr(0, atCharacter(low)), CodePage).bytes;
+    return textToBytes(std::string_view(text).substr(0, atCharacter(low)), CodePage);
 }
 
 }  // namespace
@@ -63,17 +63,17 @@ EncodedStrings encodeStrings(const std::vector<Label>& labels, int CodePage) {
     EncodedStrings result;
     Bytes entries;
     for (const Label& label : labels) {
-        EncodedText encoded = textToBytes(label.text, CodePage);
-        // A zero would end the label early.
-        std::erase(encoded.bytes, std::uint8_t{0});
         if (entries.size() + 2 > kMaxStringsSize) {
             result.truncated = true;
             break;
         }
+        std::string text = label.text;
+        std::erase(text, '\0');  // a zero would end the label early
+        EncodedText encoded = textToBytes(text, CodePage);
         const std::size_t room = kMaxStringsSize - entries.size() - 2;
         if (encoded.bytes.size() > room) {
             result.truncated = true;
-            encoded.bytes = encodePrefix(label.text, CodePage, room);
+            encoded = encodePrefix(text, CodePage, room);
         }
         result.lost += encoded.lost;
         entries.push_back(label.language);

@@ -204,7 +204,7 @@ void ParserContext::tell(Fault fault, std::size_t line) {
     if (!reason.empty()) {
         text += "  (" + reason + ")";
     }
-    journal.add({kindOf(fault), reason, static_cast<int>(line) + 1, std::move(text)});
+    journal.add({kindOf(fault), {}, static_cast<int>(line) + 1, std::move(text)});
 }
 
 bool isEnd(std::string_view line) {

@@ -43,6 +43,7 @@ TEST(CodePages, TextOfEachKindOfPage) {
         {1257, "\xEF\xA3\xBC", hex("A1"), 0},  // the private character of an undefined byte
         {1252, "\xC2\x81", hex("81"), 0},
         {0, "é", hex("E9"), 0},
+        {932, "日\x1A\x1C\x7F日", hex("93 FA 1A 1C 7F 93 FA"), 0},
     };
     for (const Case& c : cases) {
         const EncodedText encoded = textToBytes(c.text, c.page);
@@ -55,8 +56,14 @@ TEST(CodePages, TextOfEachKindOfPage) {
     EXPECT_EQ(bytesToText(hex("61 FF 62 E2 82"), 65001),
               "a\xEF\xBF\xBD"
               "b\xEF\xBF\xBD");
+    EXPECT_EQ(bytesToText(hex("F0 9F 98 41"), 65001),
+              "\xEF\xBF\xBD"
+              "A");
+    EXPECT_FALSE(isValidUtf8(hex("F0 9F 98"))) << "as long as U+FFFD itself";
+    EXPECT_TRUE(isValidUtf8(hex("EF BF BD")));
     EXPECT_EQ(bytesToText(hex("ED A0 80"), 65001).find('\xED'), std::string::npos);
     EXPECT_FALSE(codePageExists(1200)) << "UTF-16 text is full of zeros, which end labels";
+    EXPECT_FALSE(codePageExists(37)) << "no key could be read in a page without ASCII";
     EXPECT_FALSE(codePageExists(4711));
     EXPECT_TRUE(codePageExists(437));
     EXPECT_EQ(bytesToText(bytesOf("a"), 4711), "");
@@ -84,6 +91,13 @@ TEST(CodePages, EncodingOfATextFile) {
         {"UTF-8 command doesn't", bytesOf("CodePage=1251\n\xD0\x9B"), TextFileEncoding::utf8, 1251,
          true, true, "CodePage=1251\nЛ"},
         {"zeros go", Bytes{'a', 0, 'b'}, TextFileEncoding::automatic, 1252, false, false, "ab"},
+        {"as loose as the parser", bytesOf("\t CodePage :\t1251\n\xCB"),
+         TextFileEncoding::automatic, 1251, true, false, "\t CodePage :\t1251\nЛ"},
+        {"a line before a comment", bytesOf("; codepage=1250\n[_id]\nCodePage=1251\n\xCB"),
+         TextFileEncoding::automatic, 1251, true, false,
+         "; codepage=1250\n[_id]\nCodePage=1251\nЛ"},
+        {"no page a file could be in", bytesOf("CodePage=-1\n\xE9"), TextFileEncoding::automatic,
+         1252, true, false, "CodePage=-1\né"},
         {"unknown page is read as 1252", bytesOf("CodePage=4711\n\xE9"),
          TextFileEncoding::automatic, 4711, true, false, "CodePage=4711\né"},
     };

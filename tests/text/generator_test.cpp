@@ -192,6 +192,11 @@ TEST(Generator, PointsAndTheirPixels) {
     poi.Image[0] = {0, 0x10, {}, hex("01"), -1};
     EXPECT_TRUE(contains(section(poi, {}, &told), "DayXpm=\"0 0 0 0\"\r\nNightXpm=\"1 1"));
     EXPECT_EQ(told.errorCount(), 2);
+    std::swap(poi.Image[0], poi.Image[1]);
+    EXPECT_FALSE(contains(section(poi, {}, &told), "NightXpm"));
+    poi.Image[0].ColorMode = 0x30;
+    EXPECT_TRUE(contains(section(poi, {}, &told), "DayXpm=\"0 0 0 0\"\r\n[end]"));
+    EXPECT_EQ(told.errorCount(), 4);
     poi.Largeur = 0;
     EXPECT_TRUE(contains(section(poi), "DayXpm=\"0 0 0 0\"\r\nNightXpm=\"0 0 0 0\"\r\n[end]"));
 }
