@@ -1,51 +1,28 @@
 #include "session/open.h"
 
-#include <algorithm>
 #include <string>
 #include <string_view>
 
 #include "core/ascii.h"
 #include "core/files.h"
 #include "text/parser.h"
-#include "text/text_source.h"
 #include "typ/reader.h"
 
 namespace quillmark {
 namespace {
-
-// Empties the lines that name a code page, so that it doesn't change on the way and lines keep
-// their numbers.
-std::string withoutCodePage(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    bool withinId = false;
-    for (std::size_t start = 0; start < text.size();) {
-        const std::size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
-        const std::string_view line = text.substr(start, end - start);
-        const std::string_view content = trimmed(line);
-        if (beginsWith(content, "[")) {
-            withinId = beginsWith(content, "[_id]");
-        }
-        result += withinId && beginsWith(content, "codepage") ? std::string_view("\n") : line;
-        start = end;
-    }
-    return result;
-}
 
 void openText(ByteView bytes, TextFileEncoding encoding, int codePage, const Traduction& traduction,
               OpenedFile& opened) {
     DecodedTextFile decoded = decodeTextFile(bytes, encoding);
     Document base;
     base.CodePage = codePageExists(decoded.CodePage) ? decoded.CodePage : 1252;
-    if (codePage != 0) {
-        if (!decoded.utf8 && !decoded.namesCodePage) {
-            decoded.text = bytesToText(bytes, codePage);
-            std::erase(decoded.text, '\0');
-        }
-        base.CodePage = codePage;
-        decoded.text = withoutCodePage(decoded.text);
+    if (codePage > 0 && !decoded.utf8 && !decoded.namesCodePage) {
+        decoded.text = bytesToText(bytes, codePage);
+        std::erase(decoded.text, '\0');
     }
-    ParsedText parsed = ouvrirtxt(decoded.text, std::move(base), {}, nullptr, traduction);
+    ParseTarget target;
+    target.codePage = codePage;
+    ParsedText parsed = ouvrirtxt(decoded.text, std::move(base), target, nullptr, traduction);
     opened.document = std::move(parsed.document);
     opened.journal = std::move(parsed.journal);
     opened.skippedLines = std::move(parsed.skippedLines);

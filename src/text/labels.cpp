@@ -75,7 +75,10 @@ EncodedStrings encodeStrings(const std::vector<Label>& labels, int CodePage) {
             result.truncated = true;
             encoded = encodePrefix(text, CodePage, room);
         }
-        result.lost += encoded.lost;
+        if (encoded.lost > 0) {
+            result.lost += encoded.lost;
+            result.lossyLabels.push_back(static_cast<std::size_t>(&label - labels.data()));
+        }
         entries.push_back(label.language);
         entries.insert(entries.end(), encoded.bytes.begin(), encoded.bytes.end());
         entries.push_back(0);

@@ -27,9 +27,10 @@ struct RawLabel {
 [[nodiscard]] std::vector<Label> decodeStrings(ByteView Strings, int CodePage);
 
 struct EncodedStrings {
-    Bytes Strings;           // with its length prefix
-    std::size_t lost = 0;    // characters that became "?"
-    bool truncated = false;  // some labels, or the end of one, didn't fit
+    Bytes Strings;                         // with its length prefix
+    std::size_t lost = 0;                  // characters that became "?"
+    std::vector<std::size_t> lossyLabels;  // labels with such characters
+    bool truncated = false;                // some labels, or the end of one, didn't fit
 };
 // Blocks hold at most 16,383 bytes of entries; what fits stays.
 inline constexpr std::size_t kMaxStringsSize = 16383;

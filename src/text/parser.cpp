@@ -1,62 +1,15 @@
 #include "text/parser.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 #include "core/draw_order.h"
 #include "text/code_pages.h"
 #include "text/format.h"
 #include "text/parser_sections.h"
+#include "text/unchanged_sections.h"
 
 namespace quillmark {
 namespace {
-
-// Sections of the text that a document was shown as, to find those that nobody edited.
-class UnchangedSections {
-  public:
-    explicit UnchangedSections(const GeneratedText* generated) {
-        if (generated == nullptr) {
-            return;
-        }
-        const std::vector<std::string_view> lines = splitLines(generated->text);
-        for (const TextSection& section : generated->sections) {
-            sections_.emplace(join(lines, static_cast<std::size_t>(section.firstLine),
-                                   static_cast<std::size_t>(section.lastLine)),
-                              Place{section.kind, section.index});
-        }
-    }
-
-    struct Place {
-        ObjectKind kind = ObjectKind::none;
-        int index = 0;
-    };
-
-    [[nodiscard]] bool empty() const { return sections_.empty(); }
-    // The record that a section with these lines came from. Of equal sections each is given once.
-    std::optional<Place> take(const std::vector<std::string_view>& lines, std::size_t first,
-                              std::size_t last) {
-        const auto found = sections_.find(join(lines, first, last));
-        if (found == sections_.end()) {
-            return std::nullopt;
-        }
-        const Place place = found->second;
-        sections_.erase(found);
-        return place;
-    }
-
-  private:
-    static std::string join(const std::vector<std::string_view>& lines, std::size_t first,
-                            std::size_t last) {
-        std::string text;
-        for (std::size_t i = first; i <= last && i < lines.size(); ++i) {
-            text.append(lines[i]);
-            text.push_back('\n');
-        }
-        return text;
-    }
-
-    std::unordered_multimap<std::string, Place> sections_;
-};
 
 class Parser {
   public:
@@ -65,11 +18,14 @@ class Parser {
         : base_(std::move(base)),
           target_(target),
           source_(text),
-          unchanged_(generated),
-          rawLines_(unchanged_.empty() ? std::vector<std::string_view>() : splitLines(text)),
+          unchanged_(generated, text),
           context_{source_,        result_.journal,         traduction, result_.skippedLines,
                    base_.CodePage, text.size() + kPixelRoom} {
         result_.document = base_;
+        if (target.codePage > 0) {
+            result_.document.CodePage = target.codePage;
+            context_.CodePage = target.codePage;
+        }
         if (isWhole()) {
             Document& document = result_.document;
             document.Polygone.clear();
@@ -96,6 +52,7 @@ class Parser {
     }
 
   private:
+    static constexpr int kMaxSubType = 0x1F;
     static constexpr std::size_t kPixelRoom = std::size_t{32} << 20U;
 
     [[nodiscard]] bool isWhole() const { return target_.ObjetVisualise == ObjectKind::none; }
@@ -164,7 +121,9 @@ class Parser {
             } else if (beginsWith(line, "fid")) {
                 setField(document.FID, valueAt(line, 3));
             } else if (beginsWith(line, "codepage")) {
-                setCodePage(valueAt(line, 8));
+                if (target_.codePage <= 0) {
+                    setCodePage(valueAt(line, 8));
+                }
             } else {
                 return false;
             }
@@ -175,7 +134,7 @@ class Parser {
     }
 
     void setCodePage(std::string_view value) {
-        const auto number = parseDecimal(value);
+        const auto number = leadingDecimal(value);
         if (!number) {
             context_.tell(Fault::value);
             return;
@@ -192,7 +151,8 @@ class Parser {
     void parseComments() {
         std::string& comment = result_.document.Commentaire;
         while (!source_.atEnd() && !isEnd(source_.line())) {
-            if (isSectionName(source_.line())) {
+            // Free text may begin like a section; a line that is nothing but its name is one.
+            if (isSectionName(source_.line()) && source_.line().back() == ']') {
                 context_.tell(Fault::unexpectedEnd);
                 return;
             }
@@ -214,45 +174,66 @@ class Parser {
         leaveSection(context_);
     }
 
-    // "Type=0x10f04,2": how many digits there are says where the type ends.
+    // "Type=0x10f04,2": how many digits there are says where the type ends. The long form that
+    // the list shows, "Type=0x10f,SubType=0x04,2", is taken too.
     void parseDrawOrderLine(std::string_view line) {
-        const std::size_t comma = line.find(',');
-        std::string_view digits = line.substr(0, comma);
-        digits = digits.substr(std::min(digits.find('=') + 1, digits.size()));
+        const std::size_t comma = std::min(line.find(','), line.size());
+        std::string type(draworderDigits(line.substr(0, comma)));
+        std::string_view rest = line.substr(std::min(comma + 1, line.size()));
+        std::string subtype = "00";
+        if (beginsWith(trimBlanks(rest), "subtype")) {
+            const std::size_t second = std::min(rest.find(','), rest.size());
+            subtype = draworderDigits(rest.substr(0, second));
+            rest = rest.substr(std::min(second + 1, rest.size()));
+        } else if (type.size() == 5) {
+            subtype = type.substr(3);
+            type.resize(3);
+        } else if (type.size() == 4) {
+            subtype = type.substr(2);
+            type = "0" + type.substr(0, 2);
+        } else if (type.size() > 3) {
+            type = type.substr(type.size() - 3);
+        }
+        const auto typeNumber = parseHex(type);
+        const auto subtypeNumber = parseHex(subtype);
+        const auto level = leadingDecimal(trimBlanks(rest));
+        const bool valid =
+            comma < line.size() && typeNumber && subtypeNumber && *subtypeNumber <= kMaxSubType;
+        if (!valid || !level) {
+            context_.tell(Fault::value);
+        }
+        if (valid) {
+            result_.document.ListDraworder.push_back(
+                drawOrderEntry({level.value_or(0), *typeNumber, *subtypeNumber}));
+        }
+    }
+
+    // What stands behind "=" and an optional "0x".
+    static std::string_view draworderDigits(std::string_view part) {
+        std::string_view digits =
+            trimBlanks(part.substr(std::min(part.find('=') + 1, part.size())));
         if (beginsWith(digits, "0x")) {
             digits.remove_prefix(2);
         }
-        if (comma == std::string_view::npos || digits.empty()) {
-            context_.tell(Fault::value);
-            return;
+        return trimBlanks(digits);
+    }
+
+    // A section that there is no room for any more; told once for each kind.
+    void passOver(ObjectKind kind) {
+        bool& told = tooManyTold_[static_cast<std::size_t>(kind)];
+        if (!told) {
+            context_.tell(Fault::tooManyObjects);
+            told = true;
         }
-        std::string type(digits);
-        std::string subtype = "00";
-        if (digits.size() == 5) {
-            subtype = type.substr(3);
-            type.resize(3);
-        } else if (digits.size() == 4) {
-            subtype = type.substr(2);
-            type = "0" + type.substr(0, 2);
-        } else if (digits.size() > 3) {
-            type = type.substr(digits.size() - 3);
-        }
-        std::string_view level = line.substr(comma + 1);
-        level = trimBlanks(level.substr(0, level.find(',')));
-        const auto typeNumber = parseHex(type);
-        const auto subtypeNumber = parseHex(subtype);
-        const auto levelNumber = parseDecimal(level);
-        if (!typeNumber || !subtypeNumber || !levelNumber) {
-            context_.tell(Fault::value);
-        }
-        if (typeNumber && subtypeNumber) {
-            result_.document.ListDraworder.push_back(
-                drawOrderEntry({levelNumber.value_or(0), *typeNumber, *subtypeNumber}));
-        }
+        skipSection();
     }
 
     void ignoreSection() {
         context_.tell(Fault::ignoredSection);
+        skipSection();
+    }
+
+    void skipSection() {
         source_.next();
         runSection(context_, [&](std::string_view) {
             source_.next();
@@ -266,11 +247,18 @@ class Parser {
             ignoreSection();
             return;
         }
+        Document& document = result_.document;
+        const std::size_t count = kind == ObjectKind::Polygone   ? document.Polygone.size()
+                                  : kind == ObjectKind::Polyline ? document.Polyline.size()
+                                                                 : document.POI.size();
+        if (isWhole() && count >= kMaxObjects) {
+            passOver(kind);
+            return;
+        }
         if (keepUnchanged(kind)) {
             return;
         }
         source_.next();
-        Document& document = result_.document;
         if (kind == ObjectKind::Polygone) {
             place(document.Polygone, parsePolygon(context_));
         } else if (kind == ObjectKind::Polyline) {
@@ -314,7 +302,7 @@ class Parser {
         replaced_ = true;
         // A member of a group has no type of its own.
         if (typeValue(poi.Type) != 0 || typeValue(poi.SubType) != 0) {
-            context_.tell(Fault::ignoredSection, firstLine + 1);
+            context_.tell(Fault::ignoredSection, firstLine);
         }
         poi.Type.clear();
         poi.SubType.clear();
@@ -332,27 +320,24 @@ class Parser {
     // Takes over the old record when the section stands as it was shown. Its labels only mean the
     // same in the same code page.
     bool keepUnchanged(ObjectKind kind) {
-        if (unchanged_.empty() || !isWhole() || context_.CodePage != base_.CodePage) {
+        const UnchangedSections::Match* match = unchanged_.at(source_.index());
+        const ObjectKind shown = isWhole() ? kind : target_.ObjetVisualise;
+        if (match == nullptr || match->kind != shown || context_.CodePage != base_.CodePage) {
             return false;
         }
-        std::size_t last = source_.index();
-        while (last < source_.lineCount() && !isEnd(source_.lineAt(last))) {
-            ++last;
+        if (isWhole()) {
+            const auto index = static_cast<std::size_t>(match->index);
+            Document& document = result_.document;
+            if (kind == ObjectKind::Polygone) {
+                document.Polygone.push_back(base_.Polygone.at(index));
+            } else if (kind == ObjectKind::Polyline) {
+                document.Polyline.push_back(base_.Polyline.at(index));
+            } else {
+                document.POI.push_back(base_.POI.at(index));
+            }
         }
-        const auto found = unchanged_.take(rawLines_, source_.index(), last);
-        if (!found || found->kind != kind) {
-            return false;
-        }
-        const auto index = static_cast<std::size_t>(found->index);
-        Document& document = result_.document;
-        if (kind == ObjectKind::Polygone) {
-            document.Polygone.push_back(base_.Polygone[index]);
-        } else if (kind == ObjectKind::Polyline) {
-            document.Polyline.push_back(base_.Polyline[index]);
-        } else {
-            document.POI.push_back(base_.POI[index]);
-        }
-        source_.setIndex(last);
+        replaced_ = true;
+        source_.setIndex(match->lastLine);
         leaveSection(context_);
         return true;
     }
@@ -375,9 +360,9 @@ class Parser {
     ParsedText result_;
     TextSource source_;
     UnchangedSections unchanged_;
-    std::vector<std::string_view> rawLines_;
     ParserContext context_;
-    bool replaced_ = false;  // the single object has got its section
+    std::array<bool, 5> tooManyTold_{};  // by ObjectKind
+    bool replaced_ = false;              // the single object has got its section
 };
 
 }  // namespace

@@ -14,7 +14,8 @@ namespace quillmark {
 struct ParseTarget {
     ObjectKind ObjetVisualise = ObjectKind::none;  // none: the whole document
     int index = 0;
-    int member = 0;  // of the Extra POI group `index`
+    int member = 0;    // of the Extra POI group `index`
+    int codePage = 0;  // above 0: the page of the labels, whatever the text says of it
 };
 
 struct ParsedText {

@@ -16,17 +16,20 @@ constexpr std::uint8_t kOneColour = kDayTransparent | kNightTransparent;
 struct Layout {
     std::uint8_t bits = kOneColour;
     std::vector<const PaletteLine*> colours;
+    bool invertedNight = false;  // by night the other pixels have the colour: can't be stored
 };
 
 bool isColour(const std::vector<PaletteLine>& palette, std::size_t index) {
     return index < palette.size() && !palette[index].none;
 }
 
-// The colour lines of one pair; the first line of a pair always yields one, black if need be.
-std::size_t addPair(const std::vector<PaletteLine>& palette, std::size_t first, Layout& layout) {
+// The colour lines of one pair, that of the set pixels first; a pair always yields one, black if
+// need be.
+std::size_t addPair(const std::vector<PaletteLine>& palette, std::size_t first, bool swapped,
+                    Layout& layout) {
     static const PaletteLine black;
     const std::size_t before = layout.colours.size();
-    for (std::size_t i = first; i < first + 2; ++i) {
+    for (const std::size_t i : {first + (swapped ? 1 : 0), first + (swapped ? 0 : 1)}) {
         if (isColour(palette, i)) {
             layout.colours.push_back(&palette[i]);
         }
@@ -40,13 +43,16 @@ std::size_t addPair(const std::vector<PaletteLine>& palette, std::size_t first, 
 // A palette of day and night pairs, with "none" in either place of a pair.
 Layout pairedLayout(const std::vector<PaletteLine>& palette) {
     Layout layout;
-    const std::size_t day = addPair(palette, 0, layout);
+    // Where the day's first line is the transparent one, its second line draws the pattern.
+    const bool swapped = !isColour(palette, 0) && isColour(palette, 1);
+    const std::size_t day = addPair(palette, 0, swapped, layout);
     if (palette.size() <= 2) {
         // Without night colours the day's transparency holds for the night too.
         layout.bits = day == 1 ? kOneColour : 0;
         return layout;
     }
-    const std::size_t night = addPair(palette, 2, layout);
+    const std::size_t night = addPair(palette, 2, swapped, layout);
+    layout.invertedNight = palette.size() > 3 && night == 1 && !isColour(palette, swapped ? 3 : 2);
     layout.bits = static_cast<std::uint8_t>(kNight | (day == 1 ? kDayTransparent : 0) |
                                             (night == 1 ? kNightTransparent : 0));
     return layout;
@@ -94,32 +100,37 @@ Bytes storedAlpha(ParserContext& context, const Layout& layout) {
         const auto value = parseHex(line->alpha.substr(0, 2));
         any = any || !line->alpha.empty();
         if (!line->alpha.empty() && !value) {
-            context.tell(Fault::value);
+            context.tell(Fault::value, line->line);
         }
         bytes.push_back(static_cast<std::uint8_t>(value.value_or(0)));
     }
     return any ? bytes : Bytes();
 }
 
-// More colours than any layout has would vanish without a word.
-void tellSurplus(ParserContext& context, const ParsedPattern& pattern, std::size_t kept) {
+// Colours that no layout has, and night pictures that none can show.
+void tellLosses(ParserContext& context, const ParsedPattern& pattern, const Layout& layout) {
+    const std::size_t kept = layout.colours.size();
     const auto colours = std::count_if(pattern.palette.begin(), pattern.palette.end(),
                                        [](const PaletteLine& line) { return !line.none; });
     if (static_cast<std::size_t>(colours) > kept) {
-        context.tell(Fault::surplusColours);
+        context.tell(Fault::surplusColours, pattern.line);
+    }
+    if (layout.invertedNight && pattern.hasRows) {
+        context.tell(Fault::invertedNight, pattern.line);
     }
 }
 
-void finishPolygon(ParserContext& context, Polygone& polygone, const ParsedPattern& pattern) {
+void finishPolygon(ParserContext& context, std::size_t firstLine, Polygone& polygone,
+                   const ParsedPattern& pattern) {
     Layout layout;
     if (!pattern.given || pattern.palette.empty()) {
-        context.tell(Fault::noPicture);
+        context.tell(Fault::noPicture, firstLine);
         polygone.Couleurs.assign(3, 0);
     } else {
         layout = pattern.hasRows ? pairedLayout(pattern.palette) : filledLayout(pattern.palette);
         polygone.Couleurs = storedColours(layout);
         polygone.Alpha = storedAlpha(context, layout);
-        tellSurplus(context, pattern, layout.colours.size());
+        tellLosses(context, pattern, layout);
     }
     const bool hasRows = pattern.given && pattern.hasRows;
     polygone.Entete |= static_cast<std::uint8_t>(layout.bits | (hasRows ? 0x08 : 0) |
@@ -134,7 +145,8 @@ void finishPolygon(ParserContext& context, Polygone& polygone, const ParsedPatte
 struct Widths {
     int line = 0;
     int border = 0;
-    bool hasBorder = false;
+    bool hasBorder = false;      // a `BorderWidth` line, whatever its value
+    std::size_t borderLine = 0;  // from 0
 };
 
 void finishWidths(ParserContext& context, Polyline& line, const Widths& widths) {
@@ -142,16 +154,18 @@ void finishWidths(ParserContext& context, Polyline& line, const Widths& widths) 
     if ((line.Entete & kDayTransparent) == 0) {
         const int whole = widths.line + 2 * widths.border;
         if (whole > 255) {
-            context.tell(Fault::value);
+            context.tell(Fault::value, widths.borderLine);
         }
         line.Bitmap.push_back(static_cast<std::uint8_t>(std::min(whole, 255)));
+    } else if (widths.border > 0) {
+        context.tell(Fault::borderWithoutColour, widths.borderLine);
     }
 }
 
-void finishLine(ParserContext& context, Polyline& line, const ParsedPattern& pattern,
-                const Widths& widths) {
+void finishLine(ParserContext& context, std::size_t firstLine, Polyline& line,
+                const ParsedPattern& pattern, const Widths& widths) {
     if (!pattern.given || pattern.palette.empty()) {
-        context.tell(Fault::noPicture);
+        context.tell(Fault::noPicture, firstLine);
         line.Entete = kOneColour;
         line.Couleurs.assign(3, 0);
         finishWidths(context, line, widths);
@@ -159,7 +173,7 @@ void finishLine(ParserContext& context, Polyline& line, const ParsedPattern& pat
         const Layout layout = pattern.hasRows ? pairedLayout(pattern.palette)
                                               : strokeLayout(pattern.palette, widths.hasBorder);
         line.Couleurs = storedColours(layout);
-        tellSurplus(context, pattern, layout.colours.size());
+        tellLosses(context, pattern, layout);
         line.Entete = static_cast<std::uint8_t>(layout.bits + pattern.rowCount * 8);
         if (pattern.hasRows) {
             line.Bitmap = pattern.rows;
@@ -186,16 +200,15 @@ void parseActivity(std::string_view name, std::array<std::uint8_t, 2>& bytes) {
 }
 
 // The decimal value behind a key of `keyLength` characters and one separator.
-bool parseWidth(ParserContext& context, std::size_t keyLength, int& value) {
+void parseWidth(ParserContext& context, std::size_t keyLength, int& value) {
     const std::string_view line = context.source.line();
     const auto number = parseDecimal(trimBlanks(line.substr(std::min(keyLength, line.size()))));
     context.source.next();
     if (!number || *number < 0 || *number > 255) {
         context.tell(Fault::value, context.source.index() - 1);
-        return false;
+        return;
     }
     value = *number;
-    return true;
 }
 
 }  // namespace
@@ -220,7 +233,7 @@ Polygone parsePolygon(ParserContext& context) {
         }
         return true;
     });
-    finishPolygon(context, polygone, pattern);
+    finishPolygon(context, firstLine, polygone, pattern);
     finishType(context, firstLine, polygone);
     leaveSection(context);
     return polygone;
@@ -244,7 +257,9 @@ Polyline parseLine(ParserContext& context) {
             parseWidth(context, 10, widths.line);
             return true;
         } else if (beginsWith(line, "borderwidth")) {
-            widths.hasBorder = parseWidth(context, 12, widths.border) || widths.hasBorder;
+            widths.hasBorder = true;
+            widths.borderLine = context.source.index();
+            parseWidth(context, 12, widths.border);
             return true;
         } else if (beginsWith(line, "xpm=")) {
             pattern = parsePattern(context, format::kMaxLineRows);
@@ -259,7 +274,7 @@ Polyline parseLine(ParserContext& context) {
         context.source.next();
         return true;
     });
-    finishLine(context, polyline, pattern, widths);
+    finishLine(context, firstLine, polyline, pattern, widths);
     finishType(context, firstLine, polyline);
     leaveSection(context);
     return polyline;

@@ -28,6 +28,16 @@ std::string reasonText(Fault fault, const Traduction& traduction) {
                                    "msgTexteMotif");
         case Fault::tooManyRows:
             return traduction.Trad("Main", "31 lignes de pixels au plus", "msgTexteHauteur");
+        case Fault::surplusRows:
+            return traduction.Trad("Main", "lignes de pixels en trop", "msgTexteLignes");
+        case Fault::invertedNight:
+            return traduction.Trad("Main", "motif de nuit inversé par rapport au jour",
+                                   "msgTexteInverse");
+        case Fault::borderWithoutColour:
+            return traduction.Trad("Main", "bordure sans couleur", "msgTexteBordure");
+        case Fault::tooManyObjects:
+            return traduction.Trad("Main", "32767 objets au plus de chaque sorte",
+                                   "msgTexteObjets");
         case Fault::noPicture:
             return traduction.Trad("Main", "pas de Xpm: noir par défaut", "msgTexteSansXpm");
         case Fault::surplusColours:
@@ -70,6 +80,16 @@ std::optional<int> hexDigits(std::string_view digits) {
 std::string lastPadded(std::string text, std::size_t length) {
     return text.size() < length ? std::string(length - text.size(), '0') + text
                                 : text.substr(text.size() - length);
+}
+
+// Five bits on disk: a larger number would turn the object into another type.
+void takeSubType(ParserContext& context, const std::string& value, std::string& SubType) {
+    const auto number = hexDigits(value);
+    if (!number || *number > 0x1F) {
+        context.tell(Fault::value);
+        return;
+    }
+    SubType = value;
 }
 
 Label parseLabel(std::string_view line) {
@@ -194,6 +214,7 @@ std::size_t characterLength(std::string_view text, std::size_t position) {
 }  // namespace
 
 void ParserContext::tell(Fault fault, std::size_t line) {
+    line = std::min(line, source.lineCount() - std::min<std::size_t>(1, source.lineCount()));
     const std::string reason = reasonText(fault, traduction);
     std::string text = "\r\n" + traduction.Trad("Main", "Ligne", "msgLigne") + " " +
                        std::to_string(line + 1) + " : \"";
@@ -212,12 +233,19 @@ bool isEnd(std::string_view line) {
 }
 
 bool isSectionName(std::string_view line) {
-    return beginsWith(line, "[_");
+    if (!beginsWith(line, "[_")) {
+        return false;
+    }
+    constexpr std::array<std::string_view, 6> names{"[_id]",      "[_comments]", "[_draworder]",
+                                                    "[_polygon]", "[_line]",     "[_point]"};
+    return std::any_of(names.begin(), names.end(),
+                       [line](std::string_view name) { return beginsWith(line, name); });
 }
 
 bool atBlockLine(ParserContext& context) {
     context.source.skipBlankLines();
     if (context.source.atEnd()) {
+        context.tell(Fault::unexpectedEnd);
         return false;
     }
     if (isEnd(context.source.line()) || isSectionName(context.source.line())) {
@@ -230,41 +258,37 @@ bool atBlockLine(ParserContext& context) {
 void parseType(ParserContext& context, std::string& Type, std::string& SubType) {
     constexpr std::size_t kKey = 5;  // "type="
     const std::string line = lowerCase(withoutHexPrefixes(context.source.line()));
+    const std::string value(trimBlanks(std::string_view(line).substr(kKey)));
     std::string type;
     std::string subType = "00";
-    if (line.size() == 10) {
-        type = line.substr(kKey, 3);
-        subType = line.substr(8, 2);
-    } else if (line.size() == 9) {
-        type = "0" + line.substr(kKey, 2);
-        subType = line.substr(7, 2);
+    if (value.size() == 5) {
+        type = value.substr(0, 3);
+        subType = value.substr(3);
+    } else if (value.size() == 4) {
+        type = "0" + value.substr(0, 2);
+        subType = value.substr(2);
     } else {
-        type = lastPadded(line.substr(kKey), 3);
+        type = lastPadded(value, 3);
     }
-    const auto sub = hexDigits(subType);
-    if (!hexDigits(type) || !sub || *sub > 0x1F) {
+    if (!hexDigits(type)) {
         context.tell(Fault::value);
         return;
     }
     Type = type;
-    SubType = subType;
+    SubType = "00";
+    takeSubType(context, subType, SubType);
 }
 
 void parseSubType(ParserContext& context, std::string& SubType) {
     constexpr std::size_t kKey = 8;  // "subtype="
     const std::string line = lowerCase(withoutHexPrefixes(context.source.line()));
-    const std::string value = lastPadded(line.substr(kKey), 2);
-    const auto number = hexDigits(value);
-    // Five bits on disk: a larger number would turn the object into another type.
-    if (!number || *number > 0x1F) {
-        context.tell(Fault::value);
-        return;
-    }
-    SubType = value;
+    const std::string value(trimBlanks(std::string_view(line).substr(kKey)));
+    takeSubType(context, lastPadded(value, 2), SubType);
 }
 
 Bytes parseStrings(ParserContext& context) {
     std::vector<Label> labels;
+    std::vector<std::size_t> lines;
     std::size_t behind = context.source.index();
     const std::size_t first = behind;
     while (!context.source.atEnd()) {
@@ -274,6 +298,7 @@ Bytes parseStrings(ParserContext& context) {
                 context.tell(Fault::value);
             } else {
                 labels.push_back(parseLabel(line));
+                lines.push_back(context.source.index());
             }
             behind = context.source.index() + 1;
         } else if (!line.empty()) {
@@ -283,8 +308,8 @@ Bytes parseStrings(ParserContext& context) {
     }
     context.source.setIndex(behind);
     EncodedStrings encoded = encodeStrings(labels, context.CodePage);
-    if (encoded.lost > 0) {
-        context.tell(Fault::lostCharacters, first);
+    for (const std::size_t label : encoded.lossyLabels) {
+        context.tell(Fault::lostCharacters, lines[label]);
     }
     if (encoded.truncated) {
         context.tell(Fault::labelsTooLong, first);
@@ -362,6 +387,17 @@ PaletteLine parsePaletteLine(std::string_view line, std::size_t charactersPerPix
         result.alpha = trimBlanks(value.substr(std::min(alpha + 6, value.size())));
     }
     return result;
+}
+
+void skipSurplusRows(ParserContext& context) {
+    const std::size_t first = context.source.index();
+    while (!context.source.atEnd() && !context.source.line().empty() &&
+           context.source.line().front() == '"') {
+        context.source.next();
+    }
+    if (context.source.index() > first) {
+        context.tell(Fault::surplusRows, first);
+    }
 }
 
 std::string_view quoted(std::string_view line) {

@@ -25,6 +25,10 @@ enum class Fault : std::uint8_t {
     longRow,
     patternSize,  // a pattern isn't 32 wide or high
     tooManyRows,
+    surplusRows,
+    invertedNight,  // the night picture of a pattern sets other pixels than the day's
+    borderWithoutColour,
+    tooManyObjects,
     noPicture,  // a polygon or line without `Xpm`
     surplusColours,
     pictureSize,  // day and night picture differ in size
@@ -44,13 +48,14 @@ struct ParserContext {
     int CodePage = 1252;
     std::size_t pixelBudget = 0;  // bytes that pictures may still take
 
-    // Tells of a line, from 0.
+    // Tells of a line, from 0; of the last one when the text ended too early.
     void tell(Fault fault, std::size_t line);
     void tell(Fault fault) { tell(fault, source.index()); }
     void skip() { skippedLines.push_back(static_cast<int>(source.index()) + 1); }
 };
 
 [[nodiscard]] bool isEnd(std::string_view line);
+// Begins with the name of one of the format's sections.
 [[nodiscard]] bool isSectionName(std::string_view line);
 
 // A line within a block that is taken by position: goes over blank lines; false, and told, when
@@ -83,8 +88,11 @@ struct PaletteLine {
     bool valid = false;                    // a colour or "none" was found
     std::array<std::uint8_t, 3> stored{};  // blue, green, red
     std::string_view alpha;                // what stands behind "alpha=", empty without it
+    std::size_t line = 0;                  // from 0
 };
 [[nodiscard]] PaletteLine parsePaletteLine(std::string_view line, std::size_t charactersPerPixel);
+// Rows behind the last one that a header named are told once and left out.
+void skipSurplusRows(ParserContext& context);
 // "RRGGBB" as stored bytes; false when a pair isn't hexadecimal (its byte stays 0).
 bool parseColour(std::string_view digits, std::array<std::uint8_t, 3>& stored);
 

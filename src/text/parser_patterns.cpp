@@ -71,14 +71,10 @@ RowCodes rowCodes(const ParsedPattern& pattern, std::size_t charactersPerPixel) 
     return codes;
 }
 
-void parseRows(ParserContext& context, ParsedPattern& pattern, const XpmHeader& header,
-               int maxRows) {
+void parseRows(ParserContext& context, ParsedPattern& pattern, const XpmHeader& header) {
     const auto charactersPerPixel = static_cast<std::size_t>(std::clamp(header.fields[3], 1, 8));
     const RowCodes codes = rowCodes(pattern, charactersPerPixel);
-    const int rows = header.fields[1];
-    pattern.rowCount = std::min(rows, maxRows);
-    pattern.rows.resize(static_cast<std::size_t>(pattern.rowCount) * 4);
-    for (int i = 0; i < rows; ++i) {
+    for (int i = 0; i < header.fields[1]; ++i) {
         if (!atBlockLine(context)) {
             return;
         }
@@ -94,6 +90,7 @@ void parseRows(ParserContext& context, ParsedPattern& pattern, const XpmHeader& 
         parseRow(context, codes, static_cast<std::size_t>(header.fields[0]), bits);
         context.source.next();
     }
+    skipSurplusRows(context);
 }
 
 }  // namespace
@@ -107,15 +104,19 @@ ParsedPattern parsePattern(ParserContext& context, int maxRows) {
         return pattern;
     }
     pattern.given = true;
+    pattern.line = context.source.index();
     pattern.hasRows = header.fields[0] > 0 && header.fields[1] > 0;
     if (pattern.hasRows) {
-        if (header.fields[1] > maxRows) {
+        const bool isLine = maxRows == format::kMaxLineRows;
+        if (isLine && header.fields[1] > maxRows) {
             context.tell(Fault::tooManyRows);
         }
-        const bool wholeHeight = maxRows == format::kMaxLineRows || header.fields[1] >= maxRows;
-        if (header.fields[0] != format::kPatternSide || !wholeHeight) {
+        if (header.fields[0] != format::kPatternSide || (!isLine && header.fields[1] != maxRows)) {
             context.tell(Fault::patternSize);
         }
+        // All rows are there from the start: a section that ends early leaves the rest clear.
+        pattern.rowCount = std::min(header.fields[1], maxRows);
+        pattern.rows.resize(static_cast<std::size_t>(pattern.rowCount) * 4);
     }
     context.source.next();
     const auto charactersPerPixel = static_cast<std::size_t>(std::clamp(header.fields[3], 1, 8));
@@ -128,13 +129,14 @@ ParsedPattern parsePattern(ParserContext& context, int maxRows) {
             break;
         }
         pattern.palette.push_back(parsePaletteLine(context.source.line(), charactersPerPixel));
+        pattern.palette.back().line = context.source.index();
         if (!pattern.palette.back().valid) {
             context.tell(Fault::value);
         }
         context.source.next();
     }
     if (pattern.hasRows) {
-        parseRows(context, pattern, header, maxRows);
+        parseRows(context, pattern, header);
     }
     return pattern;
 }

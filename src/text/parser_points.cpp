@@ -150,7 +150,9 @@ std::uint8_t missingPixel(const ImagePOI& image) {
     return image.ColorMode == 0x10 ? image.NbCouleurs : std::uint8_t{0};
 }
 
-void parseIndexedRows(ParserContext& context, const Palette& palette, ParsedPicture& picture) {
+// False when rows are missing.
+bool parseIndexedRows(ParserContext& context, const Palette& palette, bool ended,
+                      ParsedPicture& picture) {
     ImagePOI& image = picture.image;
     const int bits = NbBitsParPixel(image.ColorMode, image.NbCouleurs).value_or(8);
     const auto rowBytes = static_cast<std::size_t>(GetRoundedWidth(bits, picture.width) * bits / 8);
@@ -158,7 +160,6 @@ void parseIndexedRows(ParserContext& context, const Palette& palette, ParsedPict
     image.Bitmap.assign(rowBytes * static_cast<std::size_t>(picture.height), 0);
     std::vector<int> values;
     std::vector<std::uint8_t> pixels(width);
-    bool ended = false;
     for (std::size_t y = 0; y < static_cast<std::size_t>(picture.height); ++y) {
         std::fill(pixels.begin(), pixels.end(), missingPixel(image));
         ended = ended || !atBlockLine(context);
@@ -185,6 +186,10 @@ void parseIndexedRows(ParserContext& context, const Palette& palette, ParsedPict
         }
         packRow(pixels, bits, std::span(image.Bitmap).subspan(y * rowBytes, rowBytes));
     }
+    if (!ended) {
+        skipSurplusRows(context);
+    }
+    return !ended;
 }
 
 // A pixel line of a picture without palette: "#RRGGBB", with an alpha in mode 0x20.
@@ -208,7 +213,8 @@ AlphaColour parsePixelLine(ParserContext& context, int ColorMode) {
     return pixel;
 }
 
-void parseTrueColours(ParserContext& context, ParsedPicture& picture) {
+// False when pixels are missing.
+bool parseTrueColours(ParserContext& context, ParsedPicture& picture) {
     ImagePOI& image = picture.image;
     image.Bitmap.assign(TailleBitmap(image, picture.width, picture.height).value_or(0), 0);
     const auto pixels =
@@ -217,11 +223,11 @@ void parseTrueColours(ParserContext& context, ParsedPicture& picture) {
     const std::size_t items = pixels + (image.ColorMode == 0x10 ? 1 : 0);
     for (std::size_t i = 0; i < items; ++i) {
         if (!atBlockLine(context)) {
-            return;
+            return false;
         }
         if (context.source.line().front() != '"') {
             context.tell(Fault::shortRow);
-            return;
+            return false;
         }
         const AlphaColour pixel = parsePixelLine(context, image.ColorMode);
         if (image.ColorMode == 0x20) {
@@ -233,6 +239,8 @@ void parseTrueColours(ParserContext& context, ParsedPicture& picture) {
         }
         context.source.next();
     }
+    skipSurplusRows(context);
+    return true;
 }
 
 // The colour mode behind a header; 16 when nothing or nothing usable stands there.
@@ -273,14 +281,14 @@ void finishPictures(ParserContext& context, POI& poi, ParsedPicture& day, Parsed
         return picture.width == 0 || picture.height == 0;
     };
     if (night.given && isEmpty(day) && !isEmpty(night)) {
-        context.tell(Fault::pictureSize);
+        context.tell(Fault::pictureSize, night.line);
         day.width = night.width;
         day.height = night.height;
         day.image = transparentPicture(day.width, day.height);
     }
     const bool fits = day.width == night.width && day.height == night.height;
     if (night.given && !fits) {
-        context.tell(Fault::pictureSize);
+        context.tell(Fault::pictureSize, night.line);
     }
     poi.Largeur = static_cast<std::uint8_t>(day.width);
     poi.Hauteur = static_cast<std::uint8_t>(day.height);
@@ -299,6 +307,22 @@ std::int32_t lengthOf(const POI& poi) {
     return static_cast<std::int32_t>(length + poi.Strings.size() + poi.ExtendedLabels.size());
 }
 
+// Palette and pixels behind a header; false when some are missing.
+bool parsePixels(ParserContext& context, int colours, int charactersPerPixel,
+                 ParsedPicture& picture) {
+    if (colours < 1) {
+        return parseTrueColours(context, picture);
+    }
+    const auto codeLength = static_cast<std::size_t>(std::clamp(charactersPerPixel, 1, 8));
+    Palette palette{{}, CodeTable(codeLength)};
+    const bool whole = parsePalette(context, colours, codeLength, picture.image.ColorMode, palette);
+    if (palette.colours.empty()) {
+        palette.colours.push_back({});
+    }
+    storePalette(palette.colours, picture.image);
+    return parseIndexedRows(context, palette, !whole, picture);
+}
+
 }  // namespace
 
 ParsedPicture parsePicture(ParserContext& context) {
@@ -311,39 +335,26 @@ ParsedPicture parsePicture(ParserContext& context) {
         return picture;
     }
     picture.given = true;
+    picture.line = context.source.index();
     if (width == 0 || height == 0) {
         context.source.next();
         return picture;
     }
-    // Pixels take more room in text than in a record: only headers without their rows can ask for
-    // more than the text could fill.
-    const auto asked = static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 4;
-    if (asked > context.pixelBudget) {
-        context.tell(Fault::value);
-        context.source.next();
-        return {};
-    }
-    context.pixelBudget -= asked;
     picture.width = width;
     picture.height = height;
     picture.image.ColorMode = parseColorMode(context, header.behind);
+    // Pixels that are there take more room in text than in a record; those that a header only
+    // promises are paid from a budget, so that a short text can't ask for much memory.
+    const auto room =
+        static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * (colours < 1 ? 4 : 1);
+    if (room > context.pixelBudget) {
+        context.tell(Fault::unexpectedEnd);
+        context.source.next();
+        return {};
+    }
     context.source.next();
-    if (colours < 1) {
-        parseTrueColours(context, picture);
-        return picture;
-    }
-    const auto codeLength = static_cast<std::size_t>(std::clamp(charactersPerPixel, 1, 8));
-    Palette palette{{}, CodeTable(codeLength)};
-    const bool whole = parsePalette(context, colours, codeLength, picture.image.ColorMode, palette);
-    if (palette.colours.empty()) {
-        palette.colours.push_back({});
-    }
-    storePalette(palette.colours, picture.image);
-    if (whole) {
-        parseIndexedRows(context, palette, picture);
-    } else {
-        picture.image.Bitmap.assign(
-            TailleBitmap(picture.image, picture.width, picture.height).value_or(0), 0);
+    if (!parsePixels(context, colours, charactersPerPixel, picture)) {
+        context.pixelBudget -= room;
     }
     return picture;
 }

@@ -13,7 +13,6 @@ namespace quillmark {
 
 // Runs a section to its end: `handle` gets the source standing on a line, returns false for a
 // line it doesn't know, and otherwise leaves the source behind what it took.
-
 template <typename Handle>
 void runSection(ParserContext& context, Handle handle) {
     while (!context.source.atEnd()) {
@@ -30,6 +29,7 @@ void runSection(ParserContext& context, Handle handle) {
             context.source.next();
         }
     }
+    context.tell(Fault::unexpectedEnd);
 }
 // Past the `[end]` that a section ran to, if there is one.
 inline void leaveSection(ParserContext& context) {
@@ -79,6 +79,7 @@ struct ParsedPattern {
     bool given = false;
     bool hasRows = false;
     int rowCount = 0;
+    std::size_t line = 0;  // of its header, from 0
     std::vector<PaletteLine> palette;
     Bytes rows;  // 4 bytes a row
 };
@@ -90,6 +91,7 @@ struct ParsedPicture {
     bool given = false;
     int width = 0;
     int height = 0;
+    std::size_t line = 0;  // of its header, from 0
     ImagePOI image;
 };
 [[nodiscard]] ParsedPicture parsePicture(ParserContext& context);

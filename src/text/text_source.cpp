@@ -104,11 +104,17 @@ std::optional<int> parseDecimal(std::string_view digits) {
     return parseNumber(digits, 10);
 }
 
+std::optional<int> leadingDecimal(std::string_view text) {
+    const std::size_t sign = !text.empty() && text.front() == '-' ? 1 : 0;
+    const std::size_t end = text.find_first_not_of("0123456789", sign);
+    return parseDecimal(text.substr(0, end));
+}
+
 std::vector<std::string_view> splitLines(std::string_view text) {
     std::vector<std::string_view> lines;
     // A text without any line feed comes from a system that ended lines by carriage returns.
     const char end = text.find('\n') == std::string_view::npos ? '\r' : '\n';
-    lines.reserve(text.size() / 32);
+    lines.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), end)) + 1);
     while (!text.empty()) {
         const std::size_t length = std::min(text.find(end), text.size());
         std::string_view line = text.substr(0, length);

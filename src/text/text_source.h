@@ -19,6 +19,8 @@ namespace quillmark {
 // The whole text as a number; nothing when it is empty, has other characters or doesn't fit.
 [[nodiscard]] std::optional<int> parseHex(std::string_view digits);
 [[nodiscard]] std::optional<int> parseDecimal(std::string_view digits);
+// The number a text begins with, whatever stands behind it.
+[[nodiscard]] std::optional<int> leadingDecimal(std::string_view text);
 
 // Lines are normalised once: tabs are blanks; behind ";" stands a comment unless the line begins
 // with a quote; blanks at both ends and one comma at the end go. Numbers of lines stay those of
@@ -26,6 +28,9 @@ namespace quillmark {
 class TextSource {
   public:
     explicit TextSource(std::string_view text);
+    // The lines point into the buffer.
+    TextSource(const TextSource&) = delete;
+    TextSource& operator=(const TextSource&) = delete;
 
     [[nodiscard]] bool atEnd() const { return index_ >= lines_.size(); }
     [[nodiscard]] std::string_view line() const { return lines_[index_]; }

@@ -1,6 +1,8 @@
 // Text that is put back into the document it was made from.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "support/test_files.h"
 #include "text_test_tools.h"
 
@@ -64,6 +66,28 @@ TEST(Apply, UneditedSectionsKeepTheirRecords) {
               0U);
 }
 
+TEST(Apply, EqualSectionsKeepTheirOrder) {
+    Document document = richDocument();
+    document.Polygone.resize(5, document.Polygone[0]);
+    for (std::size_t i = 0; i < document.Polygone.size(); ++i) {
+        document.Polygone[i].SubType = "0" + std::to_string(i);
+    }
+    const GeneratedText shown = generate(document);
+    EXPECT_EQ(parseText(shown.text, document, {}, &shown).document.Polygone, document.Polygone);
+
+    std::string edited = shown.text;
+    std::size_t third = edited.find("[_polygon]");
+    third = edited.find("[_polygon]", third + 1);
+    third = edited.find("[_polygon]", third + 1);
+    edited.replace(edited.find("#030201", third), 7, "#FFFFFF");
+    const auto polygons = parseText(edited, document, {}, &shown).document.Polygone;
+    ASSERT_EQ(polygons.size(), 5U);
+    for (const std::size_t i : {0U, 1U, 3U, 4U}) {
+        EXPECT_EQ(polygons[i], document.Polygone[i]) << i;
+    }
+    EXPECT_EQ(polygons[2].Couleurs, hex("FF FF FF"));
+}
+
 TEST(Apply, LabelsAreEncodedAnewInAnotherCodePage) {
     Document document = richDocument();
     document.Polygone[0].Entete |= 0x10;
@@ -104,6 +128,17 @@ TEST(Apply, OneObject) {
     }
     EXPECT_EQ(parseText(section, document, {ObjectKind::Polygone, 9}).document.Polygone.size(), 3U)
         << "an object that is gone comes back as a new one";
+}
+
+TEST(Apply, OneObjectThatNobodyEdited) {
+    const Document document = richDocument();
+    GeneratedText shown;
+    AffichePolygone(document.Polygone[1], {}, 1252, shown.text, shown.journal);
+    shown.sections = {
+        {ObjectKind::Polygone, 1, 0,
+         static_cast<int>(std::count(shown.text.begin(), shown.text.end(), '\n')) - 1}};
+    const ParseTarget target{ObjectKind::Polygone, 1};
+    EXPECT_TRUE(parseText(shown.text, document, target, &shown).document == document);
 }
 
 TEST(Apply, MemberOfAGroup) {

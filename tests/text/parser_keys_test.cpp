@@ -20,11 +20,11 @@ TEST(ParserKeys, TypesInAllSpellings) {
         {"Type=0x10f04", "10f", "04", 0},
         {"type=0X10F04", "10f", "04", 0},
         {"TYPE=10f04", "10f", "04", 0},
-        {"Type=0x10d1", "000", "00", 2},  // "d1" is no subtype
+        {"Type=0x10d1", "010", "00", 1},  // "d1" is no subtype
         {"Type=0x2a05", "02a", "05", 0},
         {"Type=0x3", "003", "00", 0},
         {"Type=04a", "04a", "00", 0},
-        {"Type=0x10d\nSubType=0x1a", "10d", "1a", 0},
+        {"Type= 0x10d\nSubType= 0x1a", "10d", "1a", 0},
         {"Type=0x10d\nsubtype=3", "10d", "03", 0},
         {"Type=0x10d1a\nSubType=0x20", "10d", "1a", 1},
         {"Type = 0x10f04", "000", "00", 1},  // no type line
@@ -101,15 +101,17 @@ TEST(ParserKeys, IdentityCommentsAndDrawOrder) {
     const ParsedText parsed = parseText(
         "[_id]\nProductCode=0x1\nFID=0xFFFF\nCodePage=1251\n[End][_comments]\n\n; gone\n"
         "Carte\n\nversion 3\n[End]\n[_drawOrder]\ntype=0x10F04,2\nType=0x3,1\nType=0x1105,3\n"
-        "Type=0xzz,1\nType=0x05\nType=7,4\n[end]\n");
+        "Type=0xzz,1\nType=0x05\nType=7 , 4\n"
+        "Type=0x10e,SubType=0x05,6\nType=0x10e44,6\n[end]\n");
     EXPECT_EQ(parsed.document.ProductCode, "1");
     EXPECT_EQ(parsed.document.FID, "65535");
     EXPECT_EQ(parsed.document.CodePage, 1251);
     EXPECT_EQ(parsed.document.Commentaire, "Carte\r\n\r\nversion 3");
     EXPECT_EQ(parsed.document.ListDraworder,
               (std::vector<std::string>{"Type=0x003,1", "Type=0x10f,SubType=0x04,2",
-                                        "Type=0x011,SubType=0x05,3", "Type=0x007,4"}));
-    EXPECT_EQ(parsed.journal.errorCount(), 2);
+                                        "Type=0x011,SubType=0x05,3", "Type=0x007,4",
+                                        "Type=0x10e,SubType=0x05,6"}));
+    EXPECT_EQ(parsed.journal.errorCount(), 3);
     EXPECT_EQ(parsed.journal.entries()[0].text, "\r\nLigne 16 : \"Type=0xzz,1\"");
 }
 
@@ -141,7 +143,9 @@ TEST(ParserKeys, SectionsThatEndEarly) {
         {"[_point]\nType=1\nDayXpm=\"2 2 1 1\"\n\"! c #000000\"\n\"!!\"\n[end]", 1, 1},
         {"[_point]\nType=1\nDayXpm=\"2 2 0 1\"\n\n\"#000000\"\n[_point]\nType=2\n[end]", 2, 1},
         {"[_point]\nType=1\n[end][_point]\nType=2\n[end]   \"rest\"", 2, 0},
-        {"[_point]\nType=1", 1, 0},
+        {"[_point]\nType=1", 1, 1},
+        {"[_point]\nDayXpm=\"2 2 1 1\"\n\"! c #000011\"\n\"!!\"", 1, 1},
+        {"[_comments]\n[_polygon] comes from X\n[end]\n[_point]\nType=1\n[end]", 1, 0},
         {"[_drawOrder]\nType=1,1\n[_point]\nType=1\n[end]", 1, 1},
         {"[_comments]\nno end\n[_point]\nType=1\n[end]", 1, 1},
     };
@@ -150,6 +154,46 @@ TEST(ParserKeys, SectionsThatEndEarly) {
         EXPECT_EQ(parsed.document.POI.size(), c.points) << c.text;
         EXPECT_EQ(parsed.journal.errorCount() > 0, c.errors > 0) << c.text;
     }
+}
+
+TEST(ParserKeys, FaultsAreToldAtTheirLines) {
+    struct Case {
+        const char* lines;  // of a line's section, from the third on
+        int line;
+    };
+    const std::vector<Case> cases{
+        {"LineWidth=200\nBorderWidth=100\nXpm=\"0 0 2 0\"\n\"1 c #000000\"\n\"2 c #000000\"", 4},
+        {"Comment=x\nLineWidth=x\nXpm=\"0 0 1 0\"\n\"1 c #000000\"", 4},
+        {"LineWidth=1\nBorderWidth=2\nXpm=\"0 0 1 0\"\n\"1 c #000000\"", 4},
+        {"\nXpm=\"0 0 5 0\"\n\"1 c #000000\"\n\"2 c #000000\"\n\"3 c #000000\"\n"
+         "\"4 c #000000\"\n\"5 c #000000\"",
+         4},
+        {"String=0x04,a\nString=0x04,Лес\nXpm=\"0 0 1 0\"\n\"1 c #000000\"", 4},
+        {"LineWidth=1", 1},
+        {"Xpm=\"32 1 2 1\"\n\"! c #000000\"\n\"  c none\"\n\"!                               \"\n"
+         "\"!\"\n\"!\"",
+         7},
+    };
+    for (const Case& c : cases) {
+        Journal journal;
+        (void)lineOf(c.lines, &journal);
+        ASSERT_EQ(journal.entries().size(), 1U) << c.lines;
+        EXPECT_EQ(journal.entries()[0].line, c.line) << c.lines;
+    }
+    EXPECT_EQ(
+        parseText("[_line]\nType=1\nXpm=\"0 0 1 0\"\n\"1 c #000000\"").journal.entries().at(0).line,
+        4)
+        << "a text that ends too early: its last line";
+}
+
+TEST(ParserKeys, NoMoreObjectsThanAFileHolds) {
+    std::string text;
+    for (int i = 0; i < kMaxObjects + 2; ++i) {
+        text += "[_point]\nType=1\n[end]\n";
+    }
+    const ParsedText parsed = parseText(text);
+    EXPECT_EQ(parsed.document.POI.size(), static_cast<std::size_t>(kMaxObjects));
+    EXPECT_EQ(parsed.journal.errorCount(), 1);
 }
 
 TEST(ParserKeys, ActiveRoutingStandsBehindOrdinaryLines) {

@@ -48,6 +48,12 @@ TEST(ParserPictures, LayoutsOfPolygons) {
         {"Xpm=\"32 32 4 1\"\n\"! c #010101\"\n\"  c none\"\n\"3 c #030303\"\n\"4 c none\"" +
              rows(32, kHalf),
          0x0F, "01 01 01 03 03 03", "FF FF 00 00", false},
+        {"Xpm=\"32 32 4 1\"\n\"  c none\"\n\"! c #010101\"\n\"3 c #030303\"\n\"4 c #040404\"" +
+             rows(32, kHalf),
+         0x0B, "01 01 01 04 04 04 03 03 03", "FF FF 00 00", false},
+        {"Xpm=\"32 32 4 1\"\n\"! c #010101\"\n\"# c #020202\"\n\"3 c none\"\n\"4 c #040404\"" +
+             rows(32, std::string(32, '!')),
+         0x0D, "01 01 01 02 02 02 04 04 04", "FF FF FF FF", true},
         {"Xpm=\"0 0 1 0\"\n\"1 c #10x030\"", 0x06, "30 00 10", "", true},
         {"", 0x06, "00 00 00", "", true},
         {"Xpm=\"32 32 2 1\"\n\"! c #010101\"\n\"# c #020202\"" + rows(32, std::string(32, '?')),
@@ -116,7 +122,14 @@ TEST(ParserPictures, LayoutsOfLines) {
         EXPECT_EQ(line.Bitmap, hex(c.bitmap)) << c.lines;
         EXPECT_EQ(line.Entete2, 0x02) << c.lines;
     }
+    // A palette that is cut off leaves the rows clear and the record whole.
     Journal journal;
+    const Polyline cut = lineOf("Xpm=\"32 5 2  1\"\n\"! c #010101\"", &journal);
+    EXPECT_EQ(cut.Entete, 5 * 8 + 6);
+    EXPECT_EQ(cut.Bitmap, Bytes(20, 0));
+    EXPECT_EQ(lineOf("LineWidth=3\nXpm=\"32 5 2  1\"", &journal).Bitmap, Bytes{3});
+    EXPECT_TRUE(journal.ErreurFlag());
+    journal.clear();
     const Polyline tall =
         lineOf("UseOrientation=y\nXpm=\"32 32 2 1\"\n\"! c #010101\"\n\"# c #020202\"" +
                    rows(32, std::string(32, '!')),
@@ -215,6 +228,21 @@ TEST(ParserPictures, DayAndNightShareOneSize) {
     const POI empty = pointOf("DayXpm=\"0 0 0 0\"\nNightXpm=\"0 0 0 0\"");
     EXPECT_EQ(empty.Entete, 0x03);
     EXPECT_EQ(empty.Image[1], ImagePOI());
+}
+
+TEST(ParserPictures, ManyPicturesAreTakenWhole) {
+    std::string text;
+    const std::string row = "\"" + std::string(64, '!') + "\"\n";
+    std::string picture = "[_point]\nType=1\nDayXpm=\"64 64 1 1\"\n\"! c #102030\"\n";
+    for (int i = 0; i < 64; ++i) {
+        picture += row;
+    }
+    for (int i = 0; i < 2600; ++i) {
+        text += picture + "[end]\n";
+    }
+    const ParsedText parsed = parseText(text);
+    EXPECT_FALSE(parsed.journal.ErreurFlag());
+    EXPECT_EQ(parsed.document.POI.at(2599).Largeur, 64);
 }
 
 TEST(ParserPictures, HeadersWithoutRowsDontFillMemory) {
