@@ -25,34 +25,38 @@ bool giveUp(const std::string& what, const std::string& remedy, const std::strin
 
 // True when nothing stands against saving, and the user gives up what the header can't hold.
 bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction& traduction) {
-    const auto text = [&](const char* defaut, const char* cle) {
-        return traduction.Trad("Main", defaut, cle);
-    };
     if (document.FID.empty()) {
-        refuse(text("Il faut indiquer le FID.", "msgFID1"), text("FID absent", "msgFID2"),
-               dialogues);
+        refuse(traduction.Trad("Main", "Il faut indiquer le FID.", "msgFID1"),
+               traduction.Trad("Main", "FID absent", "msgFID2"), dialogues);
         return false;
     }
     if (document.ProductCode.empty()) {
-        refuse(text("Il faut indiquer le Product Code.", "msgPID1"),
-               text("Product Code absent", "msgPID2"), dialogues);
+        refuse(traduction.Trad("Main", "Il faut indiquer le Product Code.", "msgPID1"),
+               traduction.Trad("Main", "Product Code absent", "msgPID2"), dialogues);
         return false;
     }
     if (document.TailleEntete < kHoldsActiveRouting && document.NbPolylinesAR() > 0 &&
-        !giveUp(text("Le fichier typ contient des lignes d'Active Routing", "msgActiveRouting1"),
-                text("Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
-                     "174 octets",
-                     "msgActiveRouting2"),
-                text("Voulez-vous continuer   (l'Active Routing sera perdu)", "msgActiveRouting3"),
+        !giveUp(traduction.Trad("Main", "Le fichier typ contient des lignes d'Active Routing",
+                                "msgActiveRouting1"),
+                traduction.Trad(
+                    "Main",
+                    "Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
+                    "174 octets",
+                    "msgActiveRouting2"),
+                traduction.Trad("Main", "Voulez-vous continuer   (l'Active Routing sera perdu)",
+                                "msgActiveRouting3"),
                 dialogues)) {
         return false;
     }
     return document.TailleEntete >= kHoldsExtraPoi || document.ExtraPOI.empty() ||
-           giveUp(text("Le fichier typ contient des Extra POI", "msgExtraPOI1"),
-                  text("Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
-                       "110 octets",
-                       "msgExtraPOI2"),
-                  text("Voulez-vous continuer   (les Extra POI seront perdus)", "msgExtraPOI3"),
+           giveUp(traduction.Trad("Main", "Le fichier typ contient des Extra POI", "msgExtraPOI1"),
+                  traduction.Trad(
+                      "Main",
+                      "Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
+                      "110 octets",
+                      "msgExtraPOI2"),
+                  traduction.Trad("Main", "Voulez-vous continuer   (les Extra POI seront perdus)",
+                                  "msgExtraPOI3"),
                   dialogues);
 }
 
@@ -68,17 +72,20 @@ void tellFailure(const Failure& failure, Dialogues& dialogues, const Traduction&
 // Asks again and again until the file can be written; false when the user gives up.
 bool waitUntilWritable(const std::filesystem::path& file, Dialogues& dialogues,
                        const Traduction& traduction) {
-    const auto text = [&](const char* defaut, const char* cle) {
-        return traduction.Trad("MsgBox", defaut, cle);
-    };
     while (!isWritable(file)) {
         const std::string message =
-            text("Impossible d'enregistrer le fichier.", "MsgBoxErreur1") + kLineBreak +
-            text("Vérifier qu'il n'est pas utilisé par Mapsource/BaseCamp,", "MsgBoxErreur2") +
-            kLineBreak + text("et qu'il n'a pas l'attribut \"Lecture Seule\".", "MsgBoxErreur4") +
+            traduction.Trad("MsgBox", "Impossible d'enregistrer le fichier.", "MsgBoxErreur1") +
             kLineBreak +
-            text("Fermer ces programmes s'ils sont ouverts puis cliquer sur \"Recommencer\" .",
-                 "MsgBoxErreur3");
+            traduction.Trad("MsgBox", "Vérifier qu'il n'est pas utilisé par Mapsource/BaseCamp,",
+                            "MsgBoxErreur2") +
+            kLineBreak +
+            traduction.Trad("MsgBox", "et qu'il n'a pas l'attribut \"Lecture Seule\".",
+                            "MsgBoxErreur4") +
+            kLineBreak +
+            traduction.Trad(
+                "MsgBox",
+                "Fermer ces programmes s'ils sont ouverts puis cliquer sur \"Recommencer\" .",
+                "MsgBoxErreur3");
         if (dialogues.AfficheMessage(message, MessageStyle::retryCancel, {}) != Answer::retry) {
             return false;
         }

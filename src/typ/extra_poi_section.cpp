@@ -113,7 +113,7 @@ class MemberReader {
             data_.subspan(cursor.position(), std::min(length, data_.size() - cursor.position()));
         position_ = cursor.position() + record.size();
         const auto heading = [&] {
-            return "POI, " + context_.traduction().Trad("Icones", "Brand ID", "BrandID") + ": " +
+            return "POI, " + context_.Trad("Icones", "Brand ID", "BrandID") + ": " +
                    std::to_string(static_cast<std::uint32_t>(group.BrandID));
         };
         readPoi(context_, {record, 0, static_cast<std::int64_t>(length)}, heading, member);

@@ -127,27 +127,31 @@ class PoiWarnings {
     explicit PoiWarnings(ReadContext& context) : context_(context) {}
 
     void add(const std::string& text) {
-        text_ += "\r\n    " + context_.Trad("Attention", "msgWarning") + ": " + text;
+        text_ += "\r\n    " + context_.Trad("Main", "Attention", "msgWarning") + ": " + text;
     }
     void addPaletteCoding() {
         const std::string next = "\r\n        ";
-        add(context_.Trad("Le bitmap", "msgBitmapInvalide1") + ' ' +
-            context_.Trad("est invalide.", "msgBitmapInvalide2") + next +
-            context_.Trad("Détails: le nombre de couleurs du bitmap est 0 (comme s'il s'agissait "
+        add(context_.Trad("Main", "Le bitmap", "msgBitmapInvalide1") + ' ' +
+            context_.Trad("Main", "est invalide.", "msgBitmapInvalide2") + next +
+            context_.Trad("Main",
+                          "Détails: le nombre de couleurs du bitmap est 0 (comme s'il s'agissait "
                           "d'un bitmap TrueColor),",
                           "msgBitmapInvalide3") +
             next +
-            context_.Trad("mais il est codé comme un bitmap avec palette.", "msgBitmapInvalide4") +
+            context_.Trad("Main", "mais il est codé comme un bitmap avec palette.",
+                          "msgBitmapInvalide4") +
             next +
-            context_.Trad("Quillmark pourra malgré tout l'enregistrer sous cette forme, mais le "
+            context_.Trad("Main",
+                          "Quillmark pourra malgré tout l'enregistrer sous cette forme, mais le "
                           "POI sera très certainement inutilisable.",
                           "msgBitmapInvalide5") +
             next +
-            context_.Trad("Il vaut mieux l'enregistrer en ajoutant une couleur dans la palette.",
+            context_.Trad("Main",
+                          "Il vaut mieux l'enregistrer en ajoutant une couleur dans la palette.",
                           "msgBitmapInvalide6"));
     }
     void addLength(const POI& poi) {
-        add(context_.Trad("Longueur inattendue", "msgErreurPOI2"));
+        add(context_.Trad("Main", "Longueur inattendue", "msgErreurPOI2"));
         if ((poi.Entete & kNight) != 0 && poi.Image[1].NbCouleurs == 0) {
             // The user is told twice, as ever.
             const std::string night =

@@ -65,23 +65,23 @@ void warn(ReadContext& context, const Polygone& polygon, std::size_t position, s
     }
     const std::string object = ", " + context.contextMessage();
     if ((polygon.Entete & kUnknown) != 0) {
-        context.warning(
-            context.Trad("Flags inconnus dans le header du polygone", "msgErreurPolygone4") +
-            object + ", " + hexTextUpper(polygon.Entete, 2) + ", " +
-            hexTextUpper(static_cast<std::uint32_t>(position), 8));
+        context.warning(context.Trad("Main", "Flags inconnus dans le header du polygone",
+                                     "msgErreurPolygone4") +
+                        object + ", " + hexTextUpper(polygon.Entete, 2) + ", " +
+                        hexTextUpper(static_cast<std::uint32_t>(position), 8));
     }
     if (room < expected) {
-        context.warning(context.Trad("Longueur inattendue", "msgErreurPolygone2") + object);
+        context.warning(context.Trad("Main", "Longueur inattendue", "msgErreurPolygone2") + object);
     } else if (room > expected) {
         const ByteView file = context.file();
         const std::size_t from = std::min(end, file.size());
         const auto wanted = static_cast<std::size_t>(room - expected);
-        context.warning(context.Trad("Données inconnues dans le polygone", "msgErreurPolygone3") +
-                        object + ", " +
-                        surplusDump(file.subspan(from, std::min(wanted, file.size() - from))));
+        context.warning(
+            context.Trad("Main", "Données inconnues dans le polygone", "msgErreurPolygone3") +
+            object + ", " + surplusDump(file.subspan(from, std::min(wanted, file.size() - from))));
     }
     if (!knownLayout) {
-        context.add(JournalKind::warning, context.Trad("Attention", "msgWarning") +
+        context.add(JournalKind::warning, context.Trad("Main", "Attention", "msgWarning") +
                                               ": Polygone de type inconnu. Son header est: " +
                                               std::to_string(polygon.Entete) + "    ");
     }

@@ -32,13 +32,13 @@ std::string identityText(std::uint16_t identity) {
 std::string ReadContext::contextMessage() const {
     switch (object_.kind) {
         case ObjectKind::Polygone:
-            return Trad("Erreur dans la lecture du polygone", "msgErreurPolygone") +
+            return Trad("Main", "Erreur dans la lecture du polygone", "msgErreurPolygone") +
                    identityText(object_.identity);
         case ObjectKind::Polyline:
-            return Trad("Erreur dans la lecture de la polyligne", "msgErreurPolyligne") +
+            return Trad("Main", "Erreur dans la lecture de la polyligne", "msgErreurPolyligne") +
                    identityText(object_.identity);
         case ObjectKind::POI:
-            return Trad("Erreur dans la lecture du POI", "msgErreurPOI") +
+            return Trad("Main", "Erreur dans la lecture du POI", "msgErreurPOI") +
                    identityText(object_.identity);
         default:
             return {};
@@ -51,15 +51,14 @@ void ReadContext::error(const ErrorFacts& facts) {
         return;
     }
     const std::string context = contextMessage();
-    std::string text = context.empty()
-                           ? Trad("Erreur inconnue lors de l'ouverture du fichier : erreur n°",
-                                  "msgErreurOuverture")
-                           : context + ' ' + Trad("erreur n°", "msgNumeroErreur");
-    const auto word = [this](const char* name) { return traduction_.Trad("VBErrors", name, name); };
+    std::string text =
+        context.empty() ? Trad("Main", "Erreur inconnue lors de l'ouverture du fichier : erreur n°",
+                               "msgErreurOuverture")
+                        : context + ' ' + Trad("Main", "erreur n°", "msgNumeroErreur");
     text += std::to_string(static_cast<int>(facts.number));
-    text += kLineBreak + word("Description") + ": " + facts.description;
-    text += kLineBreak + word("Procedure") + ": ouvrir   ";
-    text += kLineBreak + word("Module") + ": frmMain";
+    text += kLineBreak + Trad("VBErrors", "Description", "Description") + ": " + facts.description;
+    text += kLineBreak + Trad("VBErrors", "Procedure", "Procedure") + ": ouvrir   ";
+    text += kLineBreak + Trad("VBErrors", "Module", "Module") + ": frmMain";
     add(JournalKind::error, std::move(text));
 }
 
@@ -68,7 +67,7 @@ void ReadContext::warning(const std::string& complaint) {
         add(JournalKind::warning, {});
         return;
     }
-    add(JournalKind::warning, Trad("Attention", "msgWarning") + ": " + complaint + "    ");
+    add(JournalKind::warning, Trad("Main", "Attention", "msgWarning") + ": " + complaint + "    ");
 }
 
 void ReadContext::add(JournalKind kind, std::string text) {
@@ -81,11 +80,11 @@ void ReadContext::add(JournalKind kind, std::string text) {
     bool& told = closingTold_[static_cast<std::size_t>(kind)];
     if (!told) {
         told = true;
-        journal_.add(
-            {kind,
-             {},
-             0,
-             Trad("Trop de messages : les suivants ne sont pas conservés.", "msgJournalPlein")});
+        journal_.add({kind,
+                      {},
+                      0,
+                      Trad("Main", "Trop de messages : les suivants ne sont pas conservés.",
+                           "msgJournalPlein")});
     }
 }
 

@@ -27,10 +27,9 @@ class ReadContext {
 
     [[nodiscard]] ByteView file() const noexcept { return file_; }
     void setObject(ReadObject object) noexcept { object_ = object; }
-    [[nodiscard]] const Traduction& traduction() const noexcept { return traduction_; }
-    // Of the section that most texts of reading are in.
-    [[nodiscard]] std::string Trad(std::string_view defaut, std::string_view cle) const {
-        return traduction_.Trad("Main", defaut, cle);
+    [[nodiscard]] std::string Trad(std::string_view section, std::string_view defaut,
+                                   std::string_view cle) const {
+        return traduction_.Trad(section, defaut, cle);
     }
 
     // Runs one step: a failure becomes one entry of the journal, and what comes next goes on.

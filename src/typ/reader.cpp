@@ -20,7 +20,8 @@ constexpr std::int32_t kDefaultCodePage = 1252;
 std::string magicMessage(const ReadContext& context) {
     const std::string rule(kRuleLength, '-');
     return rule + "\r\n" +
-           context.Trad("Le fichier semble être corrompu ou ne pas être un fichier TYP valide",
+           context.Trad("Main",
+                        "Le fichier semble être corrompu ou ne pas être un fichier TYP valide",
                         "msgTYPNonValide") +
            "\r\n" + rule + "\r\n\r\n\r\n";
 }
@@ -38,10 +39,12 @@ void takeCodePage(ReadContext& context, Document& document) {
         const std::string next = "\r\n";
         context.add(
             JournalKind::warning,
-            context.Trad("Numéro de page de code inconnu:", "msgCodePageInvalide1") + ' ' +
+            context.Trad("Main", "Numéro de page de code inconnu:", "msgCodePageInvalide1") + ' ' +
                 std::to_string(codePage) + next +
-                context.Trad("Quillmark l'a remplacé par 1252.", "msgCodePageInvalide2") + next +
-                context.Trad("Si cela ne convient pas, sélectionner un autre numéro de page de "
+                context.Trad("Main", "Quillmark l'a remplacé par 1252.", "msgCodePageInvalide2") +
+                next +
+                context.Trad("Main",
+                             "Si cela ne convient pas, sélectionner un autre numéro de page de "
                              "code dans le déroulant \"Page de code\".",
                              "msgCodePageInvalide3"));
         codePage = kDefaultCodePage;
