@@ -48,6 +48,7 @@ std::string listed(const TextLosses& losses) {
     add(losses.rawBlock, wording::kRawBlock);
     add(losses.betweenSections, wording::kBetweenSections);
     add(losses.subtypes > 0, std::to_string(losses.subtypes) + std::string(wording::kSubtypes));
+    add(losses.labels > 0, std::to_string(losses.labels) + std::string(wording::kLabelsChanged));
     return list;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/format.h"
+#include "text/generator_parts.h"
 #include "text/labels.h"
 #include "text/text_writer.h"
 
@@ -22,7 +23,7 @@ std::string timeText(int hour, int minute, int second) {
     return padded(hour, 2) + ":" + padded(minute, 2) + ":" + padded(second, 2);
 }
 
-void writeSourceComments(TextWriter& out, const SourceComments& comments) {
+void writeSourceComments(TextWriter& out, const SourceComments& comments, int CodePage) {
     if (!comments.folder.empty()) {
         std::string folder = comments.folder;
         std::replace_if(
@@ -30,9 +31,10 @@ void writeSourceComments(TextWriter& out, const SourceComments& comments) {
         out.raw("; ").line(folder);
     }
     out.raw("; Longueur: ").raw(comments.fileSize).line(" octets");
-    out.raw("; Fichier TYP compilé ").line(comments.compiledAt);
+    out.raw(commentText("; Fichier TYP compilé ", CodePage)).line(comments.compiledAt);
     const DateTime& now = comments.now;
-    out.raw("; Décompilé le ").raw(dateText(now.day, now.month, now.year)).raw(" à ");
+    out.raw(commentText("; Décompilé le ", CodePage));
+    out.raw(dateText(now.day, now.month, now.year)).raw(commentText(" à ", CodePage));
     out.line(timeText(now.hour, now.minute, now.second));
 }
 
@@ -126,7 +128,7 @@ GeneratedText genererTexte(const Document& document, const GeneratorContext& con
     GeneratedText result;
     TextWriter out(result.text);
     if (comments != nullptr) {
-        writeSourceComments(out, *comments);
+        writeSourceComments(out, *comments, document.CodePage);
     }
     writeIdentity(out, document);
     writeComments(out, document);

@@ -55,6 +55,27 @@ std::string translate(const GeneratorContext& context, std::string_view section,
                                          : context.traduction->Trad(section, defaut, cle);
 }
 
+std::string commentText(std::string text, int CodePage) {
+    if (isAscii(text) || textToBytes(text, CodePage).lost == 0) {
+        return text;
+    }
+    struct Letter {
+        std::string_view accented, plain;
+    };
+    static constexpr std::array<Letter, 24> letters{
+        {{"à", "a"}, {"â", "a"}, {"ä", "a"}, {"ç", "c"},  {"è", "e"},  {"é", "e"},
+         {"ê", "e"}, {"ë", "e"}, {"î", "i"}, {"ï", "i"},  {"ô", "o"},  {"ö", "o"},
+         {"ù", "u"}, {"û", "u"}, {"ü", "u"}, {"œ", "oe"}, {"æ", "ae"}, {"’", "'"},
+         {"À", "A"}, {"Ç", "C"}, {"É", "E"}, {"È", "E"},  {"Ê", "E"},  {"Î", "I"}}};
+    for (const Letter& letter : letters) {
+        for (std::size_t at = text.find(letter.accented); at != std::string::npos;
+             at = text.find(letter.accented, at)) {
+            text.replace(at, letter.accented.size(), letter.plain);
+        }
+    }
+    return text;
+}
+
 void writeTypeLine(ObjectLines& object) {
     TextWriter& out = object.out;
     out.raw("Type=0x");
@@ -72,7 +93,7 @@ void writeDescription(ObjectLines& object, std::string_view section) {
     if (object.context.types != nullptr) {
         found = object.context.types->find(section, "0x" + object.Type + object.SubType);
     }
-    object.out.line(found ? std::string_view(*found) : std::string_view("//"));
+    object.out.line(found ? commentText(std::move(*found), object.CodePage) : "//");
 }
 
 void writeComment(ObjectLines& object, const std::string& Comment) {

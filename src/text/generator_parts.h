@@ -23,6 +23,9 @@ struct ObjectLines {
 [[nodiscard]] std::string translate(const GeneratorContext& context, std::string_view section,
                                     std::string_view defaut, std::string_view cle);
 
+// A comment of the program's own: letters lose their accents where the code page has none.
+[[nodiscard]] std::string commentText(std::string text, int CodePage);
+
 // "Type=0x..." of polygons and lines: five digits, or the last two of a standard type.
 void writeTypeLine(ObjectLines& object);
 // ";GRMN_TYPE: " and the description in a section of the table of types.

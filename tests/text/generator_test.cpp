@@ -57,6 +57,10 @@ TEST(Generator, HeadOfACompiledFile) {
     const SourceComments comments{
         "/maps", "1971", creationDateText(document.EnteteTYP), {2026, 11, 22, 9, 8, 7}};
     const std::string text = genererTexte(document, {}, &comments).text;
+    document.CodePage = 1251;
+    EXPECT_NE(genererTexte(document, {}, &comments).text.find("; Decompile le 22/11/2026 a 09"),
+              std::string::npos)
+        << "a page without accents";
     EXPECT_EQ(text.substr(0, text.find("[_id]")),
               "; /maps\r\n; Longueur: 1971 octets\r\n"
               "; Fichier TYP compilé 03/02/2019    04:00:00     \r\n"
