@@ -62,11 +62,11 @@ std::string commentText(std::string text, int CodePage) {
     struct Letter {
         std::string_view accented, plain;
     };
-    static constexpr std::array<Letter, 24> letters{
-        {{"à", "a"}, {"â", "a"}, {"ä", "a"}, {"ç", "c"},  {"è", "e"},  {"é", "e"},
-         {"ê", "e"}, {"ë", "e"}, {"î", "i"}, {"ï", "i"},  {"ô", "o"},  {"ö", "o"},
-         {"ù", "u"}, {"û", "u"}, {"ü", "u"}, {"œ", "oe"}, {"æ", "ae"}, {"’", "'"},
-         {"À", "A"}, {"Ç", "C"}, {"É", "E"}, {"È", "E"},  {"Ê", "E"},  {"Î", "I"}}};
+    static constexpr std::array<Letter, 25> letters{
+        {{"à", "a"}, {"â", "a"},  {"ä", "a"},  {"ç", "c"}, {"è", "e"}, {"é", "e"}, {"ê", "e"},
+         {"ë", "e"}, {"î", "i"},  {"ï", "i"},  {"ô", "o"}, {"ö", "o"}, {"ù", "u"}, {"û", "u"},
+         {"ü", "u"}, {"œ", "oe"}, {"æ", "ae"}, {"’", "'"}, {"²", "2"}, {"À", "A"}, {"Ç", "C"},
+         {"É", "E"}, {"È", "E"},  {"Ê", "E"},  {"Î", "I"}}};
     for (const Letter& letter : letters) {
         for (std::size_t at = text.find(letter.accented); at != std::string::npos;
              at = text.find(letter.accented, at)) {
