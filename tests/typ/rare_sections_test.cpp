@@ -112,16 +112,23 @@ TEST(ExtraPoi, EmptyGroupsShiftNothing) {
 }
 
 TEST(ExtraPoi, MembersAreBoundedHoweverManyThereShouldBe) {
-    // A length of 0 doesn't move the position: every group has 255 members in the same bytes.
+    // Members of one byte each, less than any point has: more of them than a sound file can hold.
+    Bytes data;
+    for (int i = 0; i < 5; ++i) {
+        data.push_back(0xFF);
+        for (int member = 0; member < 255; ++member) {
+            data.insert(data.end(), {0x03, 0x01});
+        }
+    }
     TypBuilder builder(110);
-    builder.data(kExtraData, hex("FF 01")).index(kExtraIndex, 2, Bytes(60000));
+    builder.data(kExtraData, data).index(kExtraIndex, 3, Bytes(15));
     const auto opened = open(builder.file());
     std::size_t members = 0;
     for (const ExtraPOI& one : opened.document.ExtraPOI) {
         members += one.POI.size();
     }
-    EXPECT_LE(members, 60200U / 6);
-    EXPECT_EQ(opened.journal.entries().size(), 1U);
+    EXPECT_EQ(members, builder.size() / 6);
+    EXPECT_NE(opened.journal.entries().back().text.find("trop de POI"), std::string::npos);
     const Bytes once = save(opened.document);
     EXPECT_EQ(save(open(once).document), once);
 }
@@ -191,6 +198,7 @@ TEST(Labels, ABlockPastTheEndIsLookedForByItsSize) {
     // A block cut by the end of the file keeps what there is.
     const auto cut = open(TypBuilder(164).data(kBloc, hex("07 08")).number(kBloc + 4, 9, 4).file());
     EXPECT_EQ(cut.document.BlocBrut, hex("07 08"));
+    EXPECT_TRUE(cut.document.EntreSections.empty()) << "a block alone is the first section";
 }
 
 TEST(DrawOrderSection, BytesAndLines) {
@@ -269,6 +277,18 @@ TEST(DrawOrderSection, SizesBeyondSixteenBits) {
     const auto negative = open(TypBuilder().index(kDrawOrder, 5, bytes).file());
     EXPECT_TRUE(negative.document.ListDraworder.empty());
     EXPECT_EQ(negative.journal.errorCount(), 1);
+    // A last level that ends just beyond what is seen: it is left, and a save still fits.
+    const Bytes levels = hex("00 00 00 00 00 05 00 00 00 00");
+    Bytes many = hex("05 00 00 00 00 06 00 00 00 00");
+    while (many.size() < 32770) {
+        many.insert(many.end(), levels.begin(), levels.end());
+    }
+    const auto edge =
+        open(TypBuilder().index(kDrawOrder, 5, many).number(kDrawOrder + 6, 32767, 4).file());
+    EXPECT_EQ(edge.document.ListDraworder.size(), 2U + 3275U);
+    const Bytes once = save(edge.document);
+    EXPECT_EQ(save(open(once).document), once);
+
     bytes.resize(32765);
     const auto dense = open(TypBuilder().index(kDrawOrder, 5, bytes).file());
     EXPECT_EQ(dense.document.ListDraworder.size(), 32767U);

@@ -177,7 +177,7 @@ TEST(PolylineRecords, OrdinaryLinesComeFirstThenActiveRoutingByActivity) {
     const auto opened = open(
         TypBuilder(174)
             .data(kPolylineData, data)
-            .index(kPolylineIndex, 3, hex("40 00 00 20 00 06"))
+            .index(kPolylineIndex, 3, hex("80 00 00 20 00 06"))
             .index(kActiveRoutingIndex, 5, hex("80 00 05 00 0C  60 00 04 02 12  80 00 04 00 18"))
             .file());
     std::string order;
@@ -189,7 +189,7 @@ TEST(PolylineRecords, OrdinaryLinesComeFirstThenActiveRoutingByActivity) {
     const Bytes written = save(opened.document);
     // Data by type, Active Routing first within one; index entries by activity, then type.
     EXPECT_EQ(Bytes(written.begin() + 174 + 30, written.end()),
-              hex("20 00 00 40 00 06  80 00 04 00 12 60 00 04 02 0C 80 00 05 00 18"));
+              hex("20 00 00 80 00 18  80 00 04 00 0C 60 00 04 02 06 80 00 05 00 12"));
     EXPECT_EQ(open(written).document.Polyline[2].Couleurs[0], 4);
     EXPECT_EQ(save(open(written).document), written);
 }
