@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ostream>
 #include <string>
 
@@ -89,15 +90,19 @@ void tellLosses(const std::vector<LabelLoss>& losses, const Document& document,
     }
 }
 
-// What a header of `size` bytes would silently leave out of the file; empty when nothing.
+// What a header of `size` bytes would leave out of the file without a question; empty when nothing.
 std::string_view silentLoss(const Document& document, int size) {
     if (size < kHeaderWithLabels &&
-        (!document.LabelsStrings.empty() || !document.LabelsTableA.empty() ||
-         !document.LabelsTableB.empty())) {
+        !(document.LabelsStrings.empty() && document.LabelsTableA.empty() &&
+          document.LabelsTableB.empty())) {
         return wording::kLosesLabels;
     }
-    return size < kHeaderWithBlock && !document.BlocBrut.empty() ? wording::kLosesBlock
-                                                                 : std::string_view();
+    if (size < kHeaderWithBlock && !document.BlocBrut.empty()) {
+        return wording::kLosesBlock;
+    }
+    const bool unknown = std::any_of(document.EnteteInconnu.begin(), document.EnteteInconnu.end(),
+                                     [](std::uint8_t byte) { return byte != 0; });
+    return unknown && size != document.TailleEntete ? wording::kLosesUnknown : std::string_view();
 }
 
 }  // namespace

@@ -31,6 +31,8 @@ inline constexpr std::string_view kBetweenSections = "bytes between header and f
 inline constexpr std::string_view kSubtypes = " subtypes of polygons and lines";
 inline constexpr std::string_view kLabelsChanged =
     " labels that text shortens (blanks at the end, ; = 0x)";
+inline constexpr std::string_view kLosesUnknown =
+    "another header size would lose fields of the header that nobody knows";
 inline constexpr std::string_view kLosesLabels =
     "this header size would lose the special labels; it must be 156 or more";
 inline constexpr std::string_view kLosesBlock =

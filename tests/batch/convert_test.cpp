@@ -112,6 +112,10 @@ TEST_F(ConvertTest, TheHeaderIsKeptOrAsSmallAsItMayBe) {
     write("odd.typ", odd);
     EXPECT_EQ(runBatch({"typ", path("odd.typ"), path("again.typ")}).err, "");
     EXPECT_EQ(headerOf(path("again.typ")), "120");
+    odd[115] = 1;  // a field that nobody knows
+    const auto unknown = runBatch({"typ", "-", "-", "--header", "110"}, odd);
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_EQ(unknown.out, "");
 
     // Nobody is there to agree to a loss.
     write("kept.typ", "old");
