@@ -39,7 +39,7 @@ run_target() {
     [ "$target" != parser ] || seeds=text
     mkdir -p "$fuzz/corpus/$target"
     echo "== $target, $seconds s"
-    "$fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=1024 \
+    "$fuzz/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=30 -rss_limit_mb=1024 \
         -max_len=16384 -print_final_stats=1 -artifact_prefix="$fuzz/findings/$target-" \
         "$fuzz/corpus/$target" "$fuzz/seeds/$seeds" >"$fuzz/$target.log" 2>&1 || status=$?
     grep -E 'number_of_executed_units|new_units_added|peak_rss|SUMMARY|ERROR' "$fuzz/$target.log" |
