@@ -124,7 +124,8 @@ class Collector : public benchmark::ConsoleReporter {
         for (const auto& [what, form] : {std::pair{"open", "typ"}, std::pair{"save", "typ"},
                                          std::pair{"generate", "txt"}, std::pair{"parse", "txt"}}) {
             const double own = speed(subject, what);
-            const auto times = [&](const char* baseline) {
+            // clang 14 captures no structured bindings by themselves.
+            const auto times = [&, form = form](const char* baseline) {
                 return speed(subject, std::string(baseline) + form) / own;
             };
             std::printf("%-10s %10.0f %14.1f %14.2f %14.2f\n", what, own, times("copy_"),
