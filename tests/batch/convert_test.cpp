@@ -165,23 +165,12 @@ TEST_F(ConvertTest, TheCodePageOptionConvertsLabels) {
     EXPECT_TRUE(holds(lossy.err, "a.typ: warning: polygon 0x050/00: 1 ")) << lossy.err;
     EXPECT_TRUE(holds(read("d.typ"), "For?t"));
 
-    // A text's labels are encoded by the option whatever the text names ...
+    // A text's labels are encoded by the option whatever the text names.
     const std::string cyrillic = smallStyle("1252", "Лес");
     const std::string compiled =
         read(compile("e.typ", cyrillic, {"--codepage=1251"}).substr(path("").size()));
     EXPECT_TRUE(holds(compiled, "\x01\xCB\xE5\xF1"));
     EXPECT_EQ(compiled.substr(21, 2), "\xE3\x04");
-    // ... and one that names no page and isn't UTF-8 is read by it.
-    compile("f.typ",
-            "[_id]\nFID=1\nProductCode=1\n[end]\n[_polygon]\nType=0x1\n"
-            "String1=0x01,\xCB\xE5\xF1\nXpm=\"0 0 1 0\"\n\"1 c #107020\"\n[end]\n",
-            {"--codepage=65001"});
-    EXPECT_FALSE(holds(read("f.typ"), "\xCB\xE5\xF1"));
-    compile("g.typ",
-            "[_id]\nFID=1\nProductCode=1\n[end]\n[_polygon]\nType=0x1\n"
-            "String1=0x01,\xCB\xE5\xF1\nXpm=\"0 0 1 0\"\n\"1 c #107020\"\n[end]\n",
-            {"--codepage=1251"});
-    EXPECT_TRUE(holds(read("g.typ"), "\xCB\xE5\xF1"));
 }
 
 TEST_F(ConvertTest, AFileWithErrorsIsConvertedAsFarAsItWasRead) {
