@@ -7,7 +7,7 @@
 
 namespace quillmark {
 
-// Numbers shown to the user in journals and boxes; they are the classic ones of this field.
+// Numbers shown to the user in journals and boxes, by kind of failure.
 enum class ErrorNumber : int {
     other = 5,
     overflow = 6,

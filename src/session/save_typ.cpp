@@ -60,12 +60,14 @@ bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction
                   dialogues);
 }
 
-void tellFailure(const Failure& failure, Dialogues& dialogues, const Traduction& traduction) {
+// To be called within a catch block only.
+void tellFailure(Dialogues& dialogues, const Traduction& traduction) {
+    const ErrorFacts failure = currentErrorFacts();
     dialogues.AfficheMessage(
         traduction.Trad("Main", "Il y a eu une erreur lors de la création du fichier.",
                         "msgErreurCreation") +
             kLineBreak + traduction.Trad("Main", "Erreur numéro", "msgErreurNumero") + ' ' +
-            std::to_string(static_cast<int>(failure.number())) + ' ' + failure.what(),
+            std::to_string(static_cast<int>(failure.number)) + ' ' + failure.description,
         MessageStyle::ok, {});
 }
 
@@ -102,8 +104,8 @@ std::optional<WrittenTyp> composeTyp(const Document& document, Dialogues& dialog
     }
     try {
         return CreerTYP(document, currentDateTime());
-    } catch (const Failure& failure) {
-        tellFailure(failure, dialogues, traduction);
+    } catch (const std::exception&) {
+        tellFailure(dialogues, traduction);
         return std::nullopt;
     }
 }
@@ -130,8 +132,8 @@ SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP
         WrittenTyp written = CreerTYP(document, currentDateTime());
         replaceFile(file, written.file);
         document = std::move(written.document);
-    } catch (const Failure& failure) {
-        tellFailure(failure, dialogues, traduction);
+    } catch (const std::exception&) {
+        tellFailure(dialogues, traduction);
         return {SaveStatus::failed, file};
     }
     return {SaveStatus::saved, file};

@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t kEntrySize = 5;
 constexpr std::int32_t kFirstExtendedType = 0x100;
 constexpr std::int32_t kMaskBits = 32;
-// The size is taken as a signed 16-bit number; these are the whole entries below that.
+// Readers take the size as a signed 16-bit number; these are the whole entries below that.
 constexpr std::size_t kMaxSize = 0x7FFF / kEntrySize * kEntrySize;
 
 struct Entry {
@@ -86,6 +86,10 @@ void normalise(Document& document) {
         }
     }
     TrierDraworder(document.DrawOrder);
+    document.ListDraworder.clear();
+    for (const DrawOrderItem& item : document.DrawOrder) {
+        document.ListDraworder.push_back(drawOrderEntry(item));
+    }
 }
 
 }  // namespace
@@ -95,9 +99,8 @@ void readDrawOrder(ReadContext& context, Document& document) {
     if (place.size == 0) {
         return;
     }
-    const auto seen = static_cast<std::int16_t>(place.size);
-    const std::size_t size = seen < 0 ? 0 : static_cast<std::size_t>(seen);
-    if (size != place.size) {
+    const std::size_t size = std::min<std::size_t>(place.size, kMaxSize);
+    if (place.size > 0x7FFF) {
         context.error(ErrorNumber::overflow,
                       "ordre d'affichage de " + std::to_string(place.size) + " octets");
     }

@@ -66,7 +66,11 @@ class MemberReader {
           left_(std::min<std::size_t>(kMaxObjects, context.file().size() / kLeastMemberSize)) {}
 
     void run() {
+        const bool byOffset = offsetsAreAnotherOrder();
         for (ExtraPOI& group : document_.ExtraPOI) {
+            if (byOffset) {
+                position_ = static_cast<std::size_t>(group.Offset);
+            }
             // A group without members leaves the position at its count, so that a file may have
             // one count for several such groups; where the index knows better it is believed.
             if (afterEmpty_ && group.Offset == static_cast<std::int32_t>(position_ + 1)) {
@@ -79,6 +83,46 @@ class MemberReader {
     }
 
   private:
+    // Where groups begin when each stands behind the one before; nothing when that can't be told.
+    [[nodiscard]] std::vector<std::size_t> consecutiveStarts() const {
+        std::vector<std::size_t> starts;
+        ByteReader cursor(data_);
+        try {
+            for (std::size_t i = 0; i < document_.ExtraPOI.size(); ++i) {
+                starts.push_back(cursor.position());
+                const std::uint8_t count = cursor.u8();
+                for (unsigned member = 0; member < count; ++member) {
+                    const std::size_t length = readPrefix(cursor);
+                    (void)cursor.take(length);
+                    if (length == 0) {
+                        return {};
+                    }
+                }
+                if (count == 0) {
+                    return {};
+                }
+            }
+        } catch (const ReadError&) {
+            return {};
+        }
+        return starts;
+    }
+
+    // Groups are found one behind the other, in the order of the index. Where the index names just
+    // those places in another order, going by it keeps each group with its own identifier.
+    [[nodiscard]] bool offsetsAreAnotherOrder() const {
+        const std::vector<std::size_t> starts = consecutiveStarts();
+        std::vector<std::size_t> named;
+        for (const ExtraPOI& group : document_.ExtraPOI) {
+            named.push_back(static_cast<std::uint32_t>(group.Offset));
+        }
+        if (starts.empty() || named == starts) {
+            return false;
+        }
+        std::sort(named.begin(), named.end());
+        return named == starts;
+    }
+
     bool readGroup(ExtraPOI& group) {
         return context_.guarded([&] {
             const std::uint8_t count = ByteReader(data_, position_).u8();

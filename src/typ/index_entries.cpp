@@ -74,9 +74,10 @@ IndexPlace writeIndex(ByteWriter& writer, const std::vector<IndexEntry>& entries
             static_cast<std::uint32_t>(writer.position() - start)};
 }
 
-std::uint16_t checkedIdentity(const std::string& Type, const std::string& SubType) {
+std::uint16_t checkedIdentity(const std::string& Type, const std::string& SubType, int largest) {
     const int identity = identityValue(Type, SubType);
-    if (identity < 0 || identity > 0x7FFF) {
+    // A subtype of more than five bits would make it another type.
+    if (identity < 0 || identity > largest || typeValue(SubType) > 0x1F) {
         throw Failure(ErrorNumber::overflow,
                       "type trop grand pour le fichier : 0x" + Type + '/' + SubType);
     }

@@ -48,7 +48,8 @@ IndexPlace writeIndex(ByteWriter& writer, const std::vector<IndexEntry>& entries
     return {static_cast<std::uint32_t>(start), static_cast<std::uint32_t>(end - start)};
 }
 // Type * 32 + SubType as a signed 16-bit number; throws Failure (6) for a type of 0x400 or above.
-[[nodiscard]] std::uint16_t checkedIdentity(const std::string& Type, const std::string& SubType);
+[[nodiscard]] std::uint16_t checkedIdentity(const std::string& Type, const std::string& SubType,
+                                            int largest = 0x7FFF);
 // Throws Failure (6) for a record that begins beyond what an index entry can say.
 [[nodiscard]] std::uint32_t checkedOffset(std::size_t offset);
 

@@ -39,6 +39,8 @@ enum class UnknownMode : std::uint8_t { noPixels, rest };
 struct Attempt {
     std::int16_t Retente = 0;  // of the day picture
     UnknownMode unknownMode = UnknownMode::noPixels;
+    // Some write the palette of a picture that has no size.
+    bool paletteWithoutSize = false;
 };
 
 // One way of reading a record. It is consistent in itself whatever the data are: written, it reads
@@ -52,6 +54,10 @@ struct Reading {
     // False when nothing can be read behind this picture.
     bool picture(ImagePOI& image, bool hasPixels) {
         if (!hasSize(poi)) {
+            if (attempt.paletteWithoutSize && modeKnown(image)) {
+                image.Couleurs =
+                    parts.bytes(TaillePalette(image.NbCouleurs, image.ColorMode).value_or(0));
+            }
             return true;
         }
         if (!modeKnown(image) &&
@@ -153,7 +159,7 @@ class PoiWarnings {
     void addLength(const POI& poi) {
         add(context_.Trad("Main", "Longueur inattendue", "msgErreurPOI2"));
         if ((poi.Entete & kNight) != 0 && poi.Image[1].NbCouleurs == 0) {
-            // The user is told twice, as ever.
+            // Two tests of the picture lead here, and each has its own say.
             const std::string night =
                 ".Le bitmap de nuit n'a pas de palette (0 couleur) et semble corrompu.";
             add(night);
@@ -172,8 +178,12 @@ class PoiWarnings {
     std::string text_;
 };
 
-// Reads the record in another way, which counts only when it then is as long as its room.
-bool readAgain(const PoiPlace& place, Attempt attempt, POI& poi,
+// What another way of reading has to do to count.
+enum class Demand : std::uint8_t { fits, staysWithin };
+
+// Reads the record in another way, which counts only when it then is as long as its room, or no
+// longer.
+bool readAgain(const PoiPlace& place, Attempt attempt, Demand demand, POI& poi,
                std::vector<ErrorFacts>& failures) {
     POI other;
     other.Type = poi.Type;
@@ -183,7 +193,9 @@ bool readAgain(const PoiPlace& place, Attempt attempt, POI& poi,
     const bool usable = attempt.unknownMode == UnknownMode::rest
                             ? holdsRest(other, other.Image[0]) || holdsRest(other, other.Image[1])
                             : otherFailures.empty();
-    if (!usable || !fits(other, place.room)) {
+    const bool within =
+        demand == Demand::staysWithin && static_cast<std::int64_t>(recordSize(other)) <= place.room;
+    if (!usable || !(within || fits(other, place.room))) {
         return false;
     }
     poi = std::move(other);
@@ -197,7 +209,7 @@ bool wantsPaletteCoding(const POI& poi) {
 
 std::size_t pictureSize(const POI& poi, const ImagePOI& image, bool hasPixels) {
     if (!hasSize(poi)) {
-        return 0;
+        return image.Couleurs.size();
     }
     return (image.NbCouleurs > 0 ? image.Couleurs.size() : 0) +
            (hasPixels ? image.Bitmap.size() : 0);
@@ -205,6 +217,7 @@ std::size_t pictureSize(const POI& poi, const ImagePOI& image, bool hasPixels) {
 
 void writePicture(ByteWriter& writer, const POI& poi, const ImagePOI& image, bool hasPixels) {
     if (!hasSize(poi)) {
+        writer.bytes(image.Couleurs);
         return;
     }
     if (image.NbCouleurs > 0) {
@@ -222,16 +235,23 @@ void readPoi(ReadContext& context, const PoiPlace& place,
     std::vector<ErrorFacts> failures = read(place, {}, poi);
     if (!failures.empty() || !fits(poi, place.room)) {
         const bool failed = !failures.empty();
+        const bool tooLong = failed || static_cast<std::int64_t>(recordSize(poi)) > place.room;
         PoiWarnings warnings(context);
         // Pixels without palette that don't fit may be coded as with one. When that doesn't fit
         // either, the first reading stands: it has more of what the file holds.
-        if (wantsPaletteCoding(poi) &&
-            readAgain(place, {-1, UnknownMode::noPixels}, poi, failures)) {
+        const Attempt asPalette{-1, UnknownMode::noPixels, false};
+        if (wantsPaletteCoding(poi) && readAgain(place, asPalette, Demand::fits, poi, failures)) {
             if (!failed) {
                 warnings.addPaletteCoding();
             }
+        } else if (tooLong && wantsPaletteCoding(poi) &&
+                   readAgain(place, asPalette, Demand::staysWithin, poi, failures)) {
+            warnings.addPaletteCoding();
+            warnings.addLength(poi);
         } else if (!fits(poi, place.room) &&
-                   !readAgain(place, {0, UnknownMode::rest}, poi, failures)) {
+                   !readAgain(place, {0, UnknownMode::rest, false}, Demand::fits, poi, failures) &&
+                   !readAgain(place, {0, UnknownMode::noPixels, true}, Demand::fits, poi,
+                              failures)) {
             warnings.addLength(poi);
         }
         context.errors(failures);

@@ -117,7 +117,7 @@ PolylinePlaces writePolylines(ByteWriter& writer, std::vector<Polyline>& polylin
     for (Polyline& line : polylines) {
         const std::size_t position = writer.position();
         const std::uint32_t offset = checkedOffset(position - start);
-        const auto identity = static_cast<std::uint16_t>(identityValue(line.Type, line.SubType));
+        const std::uint16_t identity = checkedIdentity(line.Type, line.SubType, 0xFFFF);
         (line.isActiveRouting() ? activeRouting : ordinary)
             .push_back({identity, line.ActiveRouting, offset});
         line.Offset = std::to_string(offset);

@@ -7,7 +7,7 @@ constexpr std::size_t kMiB = 1024 * 1024;
 // A sound file costs at most twice its size (a picture may serve day and night). The rest is for
 // files whose records overlap or reach beyond the end.
 constexpr std::size_t kCostPerByte = 4;
-constexpr std::size_t kCostBase = 2 * kMiB;
+constexpr std::size_t kCostBase = 20 * kMiB;
 constexpr std::size_t kJournalBase = 2 * kMiB;
 constexpr std::size_t kJournalEntryCost = 256;
 

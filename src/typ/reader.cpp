@@ -82,6 +82,10 @@ std::size_t firstSection(const Document& document, std::size_t fileSize) {
 void readBetween(ReadContext& context, Document& document) {
     const std::size_t start = std::max<std::size_t>(kBaseHeaderEnd, document.EnteteTYP.headerSize);
     const std::size_t first = firstSection(document, context.file().size());
+    if (context.file().size() < start) {
+        context.error(ErrorNumber::readPastEnd, "le fichier finit dans son en-tête");
+        return;
+    }
     if (first < start) {
         context.error(ErrorNumber::other, "la première section, position " + std::to_string(first) +
                                               ", commence dans l'en-tête");

@@ -122,7 +122,7 @@ TEST(RoundTrip, OverlappingRecordsAreBounded) {
             journal += sizeof entry + entry.text.size() + entry.context.size();
         }
         EXPECT_EQ(opened.document.Polygone.size(), 32767U);
-        EXPECT_LT(bytes, 6 * builder.size() + (std::size_t{4} << 20U));
+        EXPECT_LT(bytes, 6 * builder.size() + (std::size_t{22} << 20U));
         EXPECT_LT(journal, builder.size() + (std::size_t{4} << 20U));
         expectStable(builder.file());
     }
