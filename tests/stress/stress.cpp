@@ -119,7 +119,7 @@ class Stress {
     static constexpr std::size_t kMemory = std::size_t{64} << 20U;
     static constexpr double kSeconds = 1;
     // Showing and saving cost more than opening, and find less.
-    static constexpr std::size_t kSaveEvery = 8;
+    static constexpr std::size_t kSaveEvery = 16;
 
     void open(ByteView bytes, const char* what, std::size_t number) {
         const std::size_t before = held;
