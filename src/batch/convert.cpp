@@ -50,6 +50,8 @@ std::string listed(const TextLosses& losses) {
     add(losses.betweenSections, wording::kBetweenSections);
     add(losses.subtypes > 0, std::to_string(losses.subtypes) + std::string(wording::kSubtypes));
     add(losses.labels > 0, std::to_string(losses.labels) + std::string(wording::kLabelsChanged));
+    add(losses.activities > 0,
+        std::to_string(losses.activities) + std::string(wording::kActivitiesChanged));
     return list;
 }
 

@@ -29,6 +29,8 @@ inline constexpr std::string_view kSpecialLabels = "special labels";
 inline constexpr std::string_view kRawBlock = "the raw block";
 inline constexpr std::string_view kBetweenSections = "bytes between header and first section";
 inline constexpr std::string_view kSubtypes = " subtypes of polygons and lines";
+inline constexpr std::string_view kActivitiesChanged =
+    " activities of lines, which come back as others";
 inline constexpr std::string_view kLabelsChanged =
     " labels that text shortens (blanks at the end, ; = 0x)";
 inline constexpr std::string_view kLosesUnknown =

@@ -25,6 +25,11 @@ void openText(ByteView bytes, TextFileEncoding encoding, int codePage, const Tra
     ParsedText parsed = ouvrirtxt(decoded.text, std::move(base), target, nullptr, traduction);
     opened.document = std::move(parsed.document);
     opened.journal = std::move(parsed.journal);
+    if (decoded.malformed) {
+        opened.journal.warning(
+            traduction.Trad("Main", "Le texte n'est pas partout en UTF-8: le reste est lu en 1252.",
+                            "msgTexteUtf8"));
+    }
     opened.skippedLines = std::move(parsed.skippedLines);
     opened.OuvertEnTexte = true;
     opened.utf8 = decoded.utf8;

@@ -170,12 +170,15 @@ std::size_t findKey(std::string_view text, std::size_t from) {
 // The number behind "CodePage" and a separator, read like the parser reads that line.
 std::optional<int> numberBehindKey(std::string_view text) {
     constexpr std::string_view blanks = " \t";
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-    if (text.empty() || (text.front() != '=' && text.front() != ':')) {
-        return std::nullopt;
+    const auto skipBlanks = [&text] {
+        text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    };
+    text.remove_prefix(std::min<std::size_t>(1, text.size()));
+    skipBlanks();
+    if (!text.empty() && (text.front() == '=' || text.front() == ':')) {
+        text.remove_prefix(1);
+        skipBlanks();
     }
-    text.remove_prefix(1);
-    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     int number = 0;
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
     // 0 and below aren't pages that a file could be in.
@@ -228,6 +231,25 @@ void betweenControls(View view, Convert convert, Control control) {
         control(*stop);
         view = View(stop + 1, view.end());
     }
+}
+
+// Text that says it is UTF-8 and isn't throughout: what doesn't fit is mostly an older line in
+// windows-1252, so that nothing is lost by reading just those bytes so.
+std::string mixedText(std::string_view text) {
+    std::string result;
+    result.reserve(text.size() + text.size() / 8);
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t start = i;
+        const char32_t character = nextCharacter(text, i);
+        if (character == kReplacement && text.substr(start, 3) != "\xEF\xBF\xBD") {
+            const auto byte = static_cast<std::uint8_t>(text[start]);
+            result += bytesToText(ByteView(&byte, 1), 1252);
+            i = start + 1;
+        } else {
+            appendCharacter(result, character);
+        }
+    }
+    return result;
 }
 
 }  // namespace
@@ -326,7 +348,12 @@ DecodedTextFile decodeTextFile(ByteView file, TextFileEncoding encoding) {
     if (!codePageExists(page)) {
         page = 1252;
     }
-    result.text = bytesToText(file, page);
+    if (page == kUtf8 && !valid) {
+        result.malformed = true;
+        result.text = mixedText(raw);
+    } else {
+        result.text = bytesToText(file, page);
+    }
     std::erase(result.text, '\0');
     return result;
 }

@@ -35,7 +35,8 @@ struct DecodedTextFile {
     std::string text;     // UTF-8, without byte-order mark and zero characters
     int CodePage = 1252;  // what the file names
     bool namesCodePage = false;
-    bool utf8 = false;  // it was decoded as UTF-8
+    bool utf8 = false;       // it was decoded as UTF-8
+    bool malformed = false;  // some bytes were not UTF-8 and were read as windows-1252
 };
 enum class TextFileEncoding : std::uint8_t { automatic, codePage, utf8 };
 // `automatic` takes UTF-8 for a file with a byte-order mark or with valid multi-byte characters,

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/code_pages.h"
 #include "text/format.h"
 #include "text/generator_parts.h"
 #include "text/labels.h"
@@ -25,7 +26,10 @@ std::string timeText(int hour, int minute, int second) {
 
 void writeSourceComments(TextWriter& out, const SourceComments& comments, int CodePage) {
     if (!comments.folder.empty()) {
-        std::string folder = comments.folder;
+        // Names of folders may be any bytes.
+        std::string folder = bytesToText(
+            {reinterpret_cast<const std::uint8_t*>(comments.folder.data()), comments.folder.size()},
+            kUtf8);
         std::replace_if(
             folder.begin(), folder.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
         out.raw("; ").line(folder);
@@ -77,6 +81,21 @@ bool textChanges(ByteView label) {
     return text.find_first_of(";=\t\r\n") != std::string_view::npos ||
            text.find("0x") != std::string_view::npos || text.find("0X") != std::string_view::npos ||
            (!text.empty() && (text.back() == ' ' || text.back() == ','));
+}
+
+// The names that are written and read for an activity don't agree.
+bool changesActivity(const Polyline& line) {
+    const auto same = [&line](const format::Activity& activity) {
+        return activity.first == line.ActiveRouting[0] && activity.second == line.ActiveRouting[1];
+    };
+    const auto* written =
+        std::find_if(format::kWrittenActivities.begin(), format::kWrittenActivities.end(), same);
+    const auto* read =
+        std::find_if(format::kReadActivities.begin(), format::kReadActivities.end(), same);
+    const bool known = written != format::kWrittenActivities.end();
+    return line.isActiveRouting() &&
+           (known ? read == format::kReadActivities.end() || read->name != written->name
+                  : !same(format::kOtherActivity));
 }
 
 int changedLabels(const Document& document) {
@@ -171,6 +190,8 @@ TextLosses textLosses(const Document& document) {
     losses.rawBlock = !document.BlocBrut.empty();
     losses.betweenSections = !document.EntreSections.empty();
     losses.labels = changedLabels(document);
+    losses.activities = static_cast<int>(
+        std::count_if(document.Polyline.begin(), document.Polyline.end(), changesActivity));
     const auto losesSubtype = [](const auto& object) {
         return !object.Type.empty() && object.Type[0] == '0' && object.SubType != "00";
     };

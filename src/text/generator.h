@@ -62,11 +62,12 @@ struct TextLosses {
     bool specialLabels = false;
     bool rawBlock = false;
     bool betweenSections = false;
-    int subtypes = 0;  // polygons and lines whose subtype isn't written
-    int labels = 0;    // that come back shortened or with other blanks
+    int subtypes = 0;    // polygons and lines whose subtype isn't written
+    int labels = 0;      // that come back shortened or with other blanks
+    int activities = 0;  // of Active Routing lines that come back as another one
     [[nodiscard]] bool any() const {
         return extraPoi || specialLabels || rawBlock || betweenSections || subtypes > 0 ||
-               labels > 0;
+               labels > 0 || activities > 0;
     }
 };
 [[nodiscard]] TextLosses textLosses(const Document& document);

@@ -151,8 +151,7 @@ class Parser {
     void parseComments() {
         std::string& comment = result_.document.Commentaire;
         while (!source_.atEnd() && !isEnd(source_.line())) {
-            // Free text may begin like a section; a line that is nothing but its name is one.
-            if (isSectionName(source_.line()) && source_.line().back() == ']') {
+            if (beginsSection()) {
                 context_.tell(Fault::unexpectedEnd);
                 return;
             }
@@ -163,6 +162,22 @@ class Parser {
             source_.next();
         }
         leaveSection(context_);
+    }
+
+    // Free text may look like a section: one has nothing behind its name and begins with a key.
+    [[nodiscard]] bool beginsSection() const {
+        if (!isSectionName(source_.line()) || source_.line().back() != ']') {
+            return false;
+        }
+        std::size_t next = source_.index() + 1;
+        while (next < source_.lineCount() && source_.lineAt(next).empty()) {
+            ++next;
+        }
+        constexpr std::array<std::string_view, 4> keys{"type", "productcode", "fid", "codepage"};
+        return next < source_.lineCount() &&
+               std::any_of(keys.begin(), keys.end(), [&](std::string_view key) {
+                   return beginsWith(source_.lineAt(next), key);
+               });
     }
 
     void parseDrawOrder() {

@@ -307,6 +307,9 @@ Bytes parseStrings(ParserContext& context) {
         context.source.next();
     }
     context.source.setIndex(behind);
+    if (labels.empty()) {
+        return {};
+    }
     EncodedStrings encoded = encodeStrings(labels, context.CodePage);
     for (const std::size_t label : encoded.lossyLabels) {
         context.tell(Fault::lostCharacters, lines[label]);

@@ -52,8 +52,9 @@ bool handleCommonKey(ParserContext& context, std::string_view line, Record& reco
         if (!record.Strings.empty()) {
             context.tell(Fault::repeatedLabels);
         }
-        flags |= stringsBit;
         record.Strings = parseStrings(context);
+        flags = static_cast<std::uint8_t>(record.Strings.empty() ? flags & ~stringsBit
+                                                                 : flags | stringsBit);
         return true;
     } else if (beginsWith(line, "custommpcname=")) {
         record.CustomMPCName = line.substr(14);

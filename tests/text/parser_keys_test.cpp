@@ -65,6 +65,8 @@ TEST(ParserKeys, Labels) {
         EXPECT_EQ(polygon.Entete & 0x10, 0x10) << c.lines;
     }
     Journal journal;
+    EXPECT_EQ(polygonOf("String1\nXpm=\"0 0 1 0\"\n\"1 c #000000\"").Entete, 6)
+        << "no label, no block";
     (void)polygonOf("String=0x04,Лес\nXpm=\"0 0 1 0\"\n\"1 c #000000\"", &journal);
     EXPECT_EQ(journal.warningCount(), 1) << "lost characters are told";
 }
@@ -145,6 +147,7 @@ TEST(ParserKeys, SectionsThatEndEarly) {
         {"[_point]\nType=1\n[end][_point]\nType=2\n[end]   \"rest\"", 2, 0},
         {"[_point]\nType=1", 1, 1},
         {"[_point]\nDayXpm=\"2 2 1 1\"\n\"! c #000011\"\n\"!!\"", 1, 1},
+        {"[_comments]\nhow to write:\n[_line]\nmore\n[end]\n[_point]\nType=1\n[end]", 1, 0},
         {"[_comments]\n[_polygon] comes from X\n[end]\n[_point]\nType=1\n[end]", 1, 0},
         {"[_drawOrder]\nType=1,1\n[_point]\nType=1\n[end]", 1, 1},
         {"[_comments]\nno end\n[_point]\nType=1\n[end]", 1, 1},
