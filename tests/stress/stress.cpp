@@ -1,5 +1,6 @@
 // Opens files cut short and damaged at random, shows some as text and saves them. None may crash,
-// take longer than a second, or more memory than 64 MiB and ten times the file (and the text).
+// take longer than a second (and one for each 10 MB of text), or more memory than 64 MiB and ten
+// times the file (and the text).
 //   quillmark_stress [--cuts N] [--damages N] [--seed N] FILE...
 // `--cuts 0` (the default) cuts at every length. A text also runs as the TYP file made from it.
 #include <malloc.h>
@@ -118,6 +119,7 @@ class Stress {
     static constexpr std::size_t kTimesFile = 10;
     static constexpr std::size_t kMemory = std::size_t{64} << 20U;
     static constexpr double kSeconds = 1;
+    static constexpr double kTextPerSecond = 10e6;
     // Showing and saving cost more than opening, and find less.
     static constexpr std::size_t kSaveEvery = 16;
 
@@ -142,7 +144,7 @@ class Stress {
         // Processor time: a busy machine is no fault of the file.
         const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
         slowest_ = std::max(slowest_, seconds);
-        if (seconds >= kSeconds) {
+        if (seconds >= kSeconds * (1 + static_cast<double>(text) / kTextPerSecond)) {
             ++faults_;
             std::printf("FAULT %s: %s %zu, seed %u: %.1f s for %zu bytes\n", name_.c_str(), what,
                         number, options_.seed, seconds, bytes.size());
