@@ -13,8 +13,14 @@ class Recoder {
     Recoder(int from, int to) : from_(from), to_(to) {}
 
     void labels(Bytes& Strings, LabelLoss loss) {
-        EncodedStrings encoded = encodeStrings(decodeStrings(Strings, from_), to_);
+        const std::vector<Label> decoded = decodeStrings(Strings, from_);
+        EncodedStrings encoded = encodeStrings(decoded, to_);
         loss.lost = encoded.lost;
+        // UTF-8 takes the stand-in for bytes that were no text in the old page.
+        const auto raw = splitStrings(Strings);
+        for (std::size_t i = 0; i < raw.size(); ++i) {
+            loss.lost += isMalformed(raw[i].text, decoded[i].text, from_) ? 1 : 0;
+        }
         loss.cut = encoded.truncated;
         note(loss);
         if (!sameEntries(Strings, encoded.Strings)) {
