@@ -19,7 +19,7 @@ class Recoder {
         // UTF-8 takes the stand-in for bytes that were no text in the old page.
         const auto raw = splitStrings(Strings);
         for (std::size_t i = 0; i < raw.size(); ++i) {
-            loss.lost += isMalformed(raw[i].text, decoded[i].text, from_) ? 1 : 0;
+            loss.lost += isMalformed(raw[i].text, decoded[i].text, from_) ? 1U : 0U;
         }
         loss.cut = encoded.truncated;
         note(loss);

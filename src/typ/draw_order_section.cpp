@@ -86,6 +86,10 @@ void normalise(Document& document) {
         }
     }
     TrierDraworder(document.DrawOrder);
+    // At the very beginning type 0 would be taken for a separator.
+    const auto written = std::find_if(document.DrawOrder.begin(), document.DrawOrder.end(),
+                                      [](const DrawOrderItem& item) { return item.type != 0; });
+    document.DrawOrder.erase(document.DrawOrder.begin(), written);
     document.ListDraworder.clear();
     for (const DrawOrderItem& item : document.DrawOrder) {
         document.ListDraworder.push_back(drawOrderEntry(item));
@@ -100,18 +104,18 @@ void readDrawOrder(ReadContext& context, Document& document) {
         return;
     }
     const std::size_t size = std::min<std::size_t>(place.size, kMaxSize);
-    if (place.size > 0x7FFF) {
+    if (place.size > kMaxSize) {
         context.error(ErrorNumber::overflow,
                       "ordre d'affichage de " + std::to_string(place.size) + " octets");
     }
     const ByteView file = context.file();
-    if (place.offset + size > file.size()) {
-        tellPastEnd(context, {place.offset, place.size});
-    }
     // The last entry may reach beyond the section, but not beyond the file.
     const std::size_t start = std::min<std::size_t>(place.offset, file.size());
     const std::size_t wanted =
         std::min(kMaxSize, (size + kEntrySize - 1) / kEntrySize * kEntrySize);
+    if (start + wanted > file.size()) {
+        tellPastEnd(context, {place.offset, place.size});
+    }
     const std::size_t there = std::min(wanted, (file.size() - start) / kEntrySize * kEntrySize);
     std::vector<DrawOrderItem> items;
     context.guarded([&] { Reader(file.subspan(start, there), items).run(); });
@@ -140,16 +144,12 @@ void writeDrawOrder(ByteWriter& writer, Document& document) {
         }
         const auto type = static_cast<std::uint8_t>(item->type);
         const std::uint32_t mask = item->type < kFirstExtendedType ? 0 : subtypeMask(item, next);
-        const bool first = writer.position() == start;
-        // At the very beginning type 0 would be taken for a separator.
-        if (!first || type != 0 || mask != 0) {
-            if (!first && item->level > level) {
-                writer.zeros(kEntrySize);
-            }
-            writer.u8(type);
-            writer.u32(mask);
-            level = item->level;
+        if (writer.position() != start && item->level > level) {
+            writer.zeros(kEntrySize);
         }
+        writer.u8(type);
+        writer.u32(mask);
+        level = item->level;
         item = next;
     }
     const std::size_t size = writer.position() - start;

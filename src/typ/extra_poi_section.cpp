@@ -10,6 +10,8 @@ namespace {
 
 constexpr std::uint8_t kWidthBits = 0x18;
 constexpr std::size_t kMaxMembersOfGroup = 255;
+// Of all groups together: a bound on memory far above any file that is used.
+constexpr std::size_t kMaxMembers = 131072;
 constexpr std::size_t kLeastMemberSize = 6;  // prefix and the head of a point
 constexpr std::size_t kTwoBytePrefix = 1U << 7U;
 constexpr std::size_t kThreeBytePrefix = 1U << 14U;
@@ -63,7 +65,7 @@ class MemberReader {
         : context_(context),
           data_(data),
           document_(document),
-          left_(std::min<std::size_t>(kMaxObjects, context.file().size() / kLeastMemberSize)) {}
+          left_(std::min(kMaxMembers, context.file().size() / kLeastMemberSize)) {}
 
     void run() {
         const bool byOffset = offsetsAreAnotherOrder();
@@ -213,10 +215,16 @@ EnteteExtraPOI writeExtraPoi(ByteWriter& writer, std::vector<ExtraPOI>& groups,
         return header;
     }
     std::uint32_t largest = 0;
+    std::size_t members = 0;
     const std::size_t start = writer.position();
     for (ExtraPOI& group : groups) {
         if (group.POI.size() > kMaxMembersOfGroup) {
             throw Failure(ErrorNumber::overflow, "plus de 255 POI dans un Extra POI");
+        }
+        members += group.POI.size();
+        if (members > kMaxMembers) {
+            throw Failure(ErrorNumber::overflow,
+                          "plus de " + std::to_string(kMaxMembers) + " POI dans les Extra POI");
         }
         largest = std::max(largest, static_cast<std::uint32_t>(group.BrandID));
         group.Offset = static_cast<std::int32_t>(writer.position() - start);

@@ -233,8 +233,11 @@ void writePicture(ByteWriter& writer, const POI& poi, const ImagePOI& image, boo
 void readPoi(ReadContext& context, const PoiPlace& place,
              const std::function<std::string()>& heading, POI& poi) {
     std::vector<ErrorFacts> failures = read(place, {}, poi);
-    if (!failures.empty() || !fits(poi, place.room)) {
-        const bool failed = !failures.empty();
+    const bool failed = !failures.empty();
+    // What fits its room is what was written there, even where the file is cut off within it.
+    if (fits(poi, place.room)) {
+        context.errors(failures);
+    } else {
         const bool tooLong = failed || static_cast<std::int64_t>(recordSize(poi)) > place.room;
         PoiWarnings warnings(context);
         // Pixels without palette that don't fit may be coded as with one. When that doesn't fit
@@ -246,10 +249,11 @@ void readPoi(ReadContext& context, const PoiPlace& place,
             }
         } else if (tooLong && wantsPaletteCoding(poi) &&
                    readAgain(place, asPalette, Demand::staysWithin, poi, failures)) {
-            warnings.addPaletteCoding();
+            if (!failed) {
+                warnings.addPaletteCoding();
+            }
             warnings.addLength(poi);
-        } else if (!fits(poi, place.room) &&
-                   !readAgain(place, {0, UnknownMode::rest, false}, Demand::fits, poi, failures) &&
+        } else if (!readAgain(place, {0, UnknownMode::rest, false}, Demand::fits, poi, failures) &&
                    !readAgain(place, {0, UnknownMode::noPixels, true}, Demand::fits, poi,
                               failures)) {
             warnings.addLength(poi);

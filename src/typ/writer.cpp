@@ -53,6 +53,11 @@ void dropUnheld(Document& document, std::size_t understood) {
         document.EnteteLabels.tableB = {};
     }
     if (understood < kExtraPoiHeaderEnd) {
+        // A header that holds only a part of their places must not lead to groups that are gone.
+        if (!document.ExtraPOI.empty()) {
+            std::fill(document.EnteteInconnu.begin(), document.EnteteInconnu.end(),
+                      std::uint8_t{0});
+        }
         document.ExtraPOI.clear();
         document.EnteteExtraPOI.index = {};
         document.EnteteExtraPOI.data = {};

@@ -64,6 +64,37 @@ TEST(AwkwardFiles, PointsWhoseLengthNeedsAnotherReading) {
     }
 }
 
+TEST(AwkwardFiles, PixelsThatFitStayWhateverFailsBehindThem) {
+    Bytes record = hex("05 10 10 00 00");
+    record.insert(record.end(), 768, 0x5A);
+    Bytes unknownNight = record;
+    unknownNight[0] = 3;
+    const Bytes strings = hex("17 04 41 42 43 44 45 46 47 48 49 4A");
+    record.insert(record.end(), strings.begin(), strings.end());
+    const Bytes night = hex("03 05 01 02 03 04 05 06 07 08");
+    unknownNight.insert(unknownNight.end(), night.begin(), night.end());
+
+    // The index stands before the data, so that the file can be cut within its last record.
+    ByteWriter writer;
+    writer.bytes(pointFile({}, hex("40 05 00")));
+    writer.overwrite(23, hex("71 00 00 00"));
+    for (const bool cut : {true, false}) {
+        ByteWriter whole = writer;
+        const Bytes& data = cut ? record : unknownNight;
+        const auto size = static_cast<std::uint8_t>(data.size() & 0xFFU);
+        whole.overwrite(27, Bytes{size, static_cast<std::uint8_t>(data.size() >> 8U)});
+        whole.bytes(data);
+        Bytes file = whole.release();
+        file.resize(file.size() - (cut ? 3 : 0));
+        const OpenedTyp opened = ouvrir(file, Traduction());
+        const POI& point = opened.document.POI.at(0);
+        EXPECT_EQ(point.Image[0].Bitmap, Bytes(768, 0x5A));
+        EXPECT_EQ(point.Image[0].Retente, 0);
+        EXPECT_TRUE(opened.journal.ErreurFlag());
+        expectStable(opened.document);
+    }
+}
+
 TEST(AwkwardFiles, DamagedPointsDontCostTheSoundOnes) {
     Bytes data;
     Bytes index;
