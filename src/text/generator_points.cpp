@@ -118,7 +118,8 @@ bool modeKnown(const ImagePOI& image) {
 bool writePicture(TextWriter& out, const Picture& picture, const GeneratorContext& context) {
     const ImagePOI& image = picture.image;
     const bool empty = picture.width < 1 || picture.height == 0;
-    if (empty || image.Retente != 0 || !modeKnown(image)) {
+    // Without any pixel byte there is no picture, whatever its size says.
+    if (empty || image.Retente != 0 || !modeKnown(image) || image.Bitmap.empty()) {
         if (empty || picture.isDay) {
             out.raw(picture.isDay ? "DayXpm" : "NightXpm").line("=\"0 0 0 0\"");
         }

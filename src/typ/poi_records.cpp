@@ -261,8 +261,19 @@ void readPoi(ReadContext& context, const PoiPlace& place,
         context.errors(failures);
         warnings.tell(heading);
     }
+    const std::size_t there = place.data.size() - std::min(place.position, place.data.size());
+    const std::size_t missing = recordSize(poi) - std::min(recordSize(poi), there);
+    if (!context.pad(missing)) {
+        // Nothing but zeros and too many of them: the point stays without picture.
+        POI empty;
+        std::swap(empty.Type, poi.Type);
+        std::swap(empty.SubType, poi.SubType);
+        empty.Offset = poi.Offset;
+        poi = std::move(empty);
+    }
     poi.Longueur = static_cast<std::int32_t>(recordSize(poi));
-    context.charge(recordSize(poi) + (nightHasPixels(poi) ? 0 : poi.Image[1].Bitmap.size()));
+    context.charge(recordSize(poi) - std::min(recordSize(poi), missing) +
+                   (nightHasPixels(poi) ? 0 : poi.Image[1].Bitmap.size()));
 }
 
 void raiseDimension(std::int16_t& dimension, const POI& poi) {

@@ -7,7 +7,9 @@ constexpr std::size_t kMiB = 1024 * 1024;
 // A sound file costs at most twice its size (a picture may serve day and night). The rest is for
 // files whose records overlap or reach beyond the end.
 constexpr std::size_t kCostPerByte = 4;
-constexpr std::size_t kCostBase = 20 * kMiB;
+constexpr std::size_t kCostBase = 8 * kMiB;
+// Zeros that stand for missing bytes of pictures, which can be a hundred times what a file holds.
+constexpr std::size_t kPaddingLimit = 2 * kMiB;
 constexpr std::size_t kJournalBase = 2 * kMiB;
 constexpr std::size_t kJournalEntryCost = 256;
 
@@ -86,6 +88,11 @@ void ReadContext::add(JournalKind kind, std::string text) {
                       Trad("Main", "Trop de messages : les suivants ne sont pas conservés.",
                            "msgJournalPlein")});
     }
+}
+
+bool ReadContext::pad(std::size_t bytes) {
+    padding_ += bytes;
+    return bytes == 0 || padding_ <= kPaddingLimit;
 }
 
 bool ReadContext::exhausted() {

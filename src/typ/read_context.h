@@ -60,6 +60,8 @@ class ReadContext {
 
     // Bytes kept from the file. Records may overlap, so their sum isn't bounded by the file.
     void charge(std::size_t bytes) noexcept { cost_ += bytes; }
+    // False when so many missing bytes have been made up that these can't be too.
+    [[nodiscard]] bool pad(std::size_t bytes);
     // True when the file has cost all it may; told once.
     [[nodiscard]] bool exhausted();
 
@@ -72,6 +74,7 @@ class ReadContext {
     Journal& journal_;
     ReadObject object_;
     std::size_t cost_ = 0;
+    std::size_t padding_ = 0;
     std::size_t costLimit_;
     std::size_t journalCost_ = 0;
     std::size_t journalLimit_;

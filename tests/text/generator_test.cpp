@@ -198,9 +198,12 @@ TEST(Generator, PointsAndTheirPixels) {
     EXPECT_EQ(told.errorCount(), 2);
     std::swap(poi.Image[0], poi.Image[1]);
     EXPECT_FALSE(contains(section(poi, {}, &told), "NightXpm"));
+    poi.Image[1] = {};
+    EXPECT_FALSE(contains(section(poi, {}, &told), "NightXpm")) << "pixels that aren't there";
+    told.clear();
     poi.Image[0].ColorMode = 0x30;
     EXPECT_TRUE(contains(section(poi, {}, &told), "DayXpm=\"0 0 0 0\"\r\n[end]"));
-    EXPECT_EQ(told.errorCount(), 4);
+    EXPECT_EQ(told.errorCount(), 1);
     poi.Largeur = 0;
     EXPECT_TRUE(contains(section(poi), "DayXpm=\"0 0 0 0\"\r\nNightXpm=\"0 0 0 0\"\r\n[end]"));
 }
