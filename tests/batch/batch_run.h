@@ -52,13 +52,13 @@ class BatchTest : public ::testing::Test {
     }
     // Compiles a text, which has to go well, and gives the name of the file.
     std::string compile(const std::string& name, std::string_view text,
-                        const std::vector<std::string>& options = {}) const {
-        std::vector<std::string> arguments{"typ", write(name + ".txt", text), path(name)};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        const BatchRun run = runBatch(arguments);
+                        const std::string& option = "--fid=7") const {
+        const BatchRun run = runBatch({"typ", write(name + ".txt", text), path(name), option});
         EXPECT_EQ(run.status, 0) << run.err;
         return path(name);
     }
+    // What `info` says of a file behind a label.
+    [[nodiscard]] std::string info(const std::string& name, const std::string& label) const;
 
   private:
     TemporaryFolder folder_;
@@ -79,6 +79,10 @@ inline std::string smallStyle(const std::string& codePage = "1252",
            "\"b c #00FF00\"\n\"ab\"\n\"ba\"\n[end]\n";
 }
 
+inline bool holds(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
 // The value behind a label of `info`.
 inline std::string infoValue(const std::string& info, const std::string& label) {
     const std::string key = "\n  " + label + ": ";
@@ -88,6 +92,10 @@ inline std::string infoValue(const std::string& info, const std::string& label) 
     }
     const std::size_t value = start + key.size();
     return info.substr(value, info.find('\n', value) - value);
+}
+
+inline std::string BatchTest::info(const std::string& name, const std::string& label) const {
+    return infoValue(runBatch({"info", path(name)}).out, label);
 }
 
 }  // namespace quillmark::testing

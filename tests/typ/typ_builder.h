@@ -1,7 +1,10 @@
 // Builds TYP files from raw bytes, fit or unfit, without the product's own writer.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <ctime>
 
 #include "core/bytes.h"
 #include "support/test_files.h"
@@ -70,6 +73,14 @@ class TypBuilder {
     Bytes file_;
 };
 
+inline Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts) {
+        all.insert(all.end(), part.begin(), part.end());
+    }
+    return all;
+}
+
 inline OpenedTyp open(const Bytes& file) {
     return ouvrir(file, Traduction());
 }
@@ -78,6 +89,35 @@ inline constexpr DateTime kNow{2024, 5, 6, 7, 8, 9};
 
 inline Bytes save(const Document& document) {
     return CreerTYP(document, kNow).file;
+}
+
+// The data of the only section, as a save writes it: between header and one index entry.
+inline Bytes savedRecord(const Document& document) {
+    const Bytes file = save(document);
+    return {file.begin() + 91, file.end() - 3};
+}
+
+// A document that can be saved.
+inline Document minimal(std::int32_t headerSize = 91) {
+    Document document;
+    document.FID = document.ProductCode = "1";
+    document.TailleEntete = headerSize;
+    return document;
+}
+
+// Opens in time, and a second save changes nothing, whatever the first file was.
+inline void expectStable(const Bytes& file) {
+    const std::clock_t start = std::clock();
+    const auto opened = open(file);
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC);
+    Bytes once;
+    try {
+        once = save(opened.document);
+    } catch (const Failure& failure) {
+        EXPECT_EQ(failure.number(), ErrorNumber::overflow);
+        return;
+    }
+    EXPECT_TRUE(save(open(once).document) == once);
 }
 
 // All entries in the order of reading, each as "E" or "W" and its text on one line.
