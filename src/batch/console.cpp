@@ -114,27 +114,30 @@ void Console::tell(std::ostream& stream, const std::string& name, const Journal&
 Answer RefusingDialogues::AfficheMessage(const std::string& message, MessageStyle style,
                                          const std::string& /*titre*/) {
     console_.tell(file_, JournalKind::error, message);
-    switch (style) {
+    switch (buttonsOf(style)) {
         case MessageStyle::ok:
             return Answer::ok;
         case MessageStyle::yesNo:
             return Answer::no;
-        case MessageStyle::okCancel:
-        case MessageStyle::yesNoCancel:
-        case MessageStyle::retryCancel:
-            break;
+        default:
+            return Answer::cancel;
     }
-    return Answer::cancel;
 }
 
-std::optional<std::string> RefusingDialogues::chooseFileToOpen(const std::string& /*titre*/,
-                                                               const FileFilter& /*filter*/) {
+std::optional<std::string> RefusingDialogues::chooseFileToOpen(
+    const std::string& /*titre*/, const std::vector<FileFilter>& /*filters*/) {
     return std::nullopt;
 }
 
 std::optional<std::string> RefusingDialogues::chooseFileToSave(
     const std::string& /*titre*/, const FileFilter& /*filter*/,
     const std::string& /*proposedName*/) {
+    return std::nullopt;
+}
+
+std::optional<std::string> RefusingDialogues::askText(const std::string& /*prompt*/,
+                                                      const std::string& /*titre*/,
+                                                      const std::string& /*initial*/) {
     return std::nullopt;
 }
 

@@ -60,9 +60,11 @@ class RefusingDialogues : public Dialogues {
     Answer AfficheMessage(const std::string& message, MessageStyle style,
                           const std::string& titre) override;
     std::optional<std::string> chooseFileToOpen(const std::string& titre,
-                                                const FileFilter& filter) override;
+                                                const std::vector<FileFilter>& filters) override;
     std::optional<std::string> chooseFileToSave(const std::string& titre, const FileFilter& filter,
                                                 const std::string& proposedName) override;
+    std::optional<std::string> askText(const std::string& prompt, const std::string& titre,
+                                       const std::string& initial) override;
 
   private:
     Console& console_;

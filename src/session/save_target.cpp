@@ -51,8 +51,9 @@ std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
         if (!chosen || chosen->empty()) {
             return std::nullopt;
         }
-        const std::string name =
-            hasSuffix(*chosen, filter.suffix) ? *chosen : *chosen + filter.suffix;
+        const std::string name = hasSuffix(*chosen, filter.suffixes.front())
+                                     ? *chosen
+                                     : *chosen + filter.suffixes.front();
         std::filesystem::path file = pathFromUtf8(name);
         if (mayReplace(file, dialogues, traduction)) {
             return file;
@@ -61,11 +62,11 @@ std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
 }
 
 FileFilter typFilter(const Traduction& traduction) {
-    return {traduction.Trad("Main", "Fichiers TYP", "msgFiltreTyp") + " (*.typ)", ".typ"};
+    return {traduction.Trad("Main", "Fichiers TYP", "msgFiltreTyp") + " (*.typ)", {".typ"}};
 }
 
 FileFilter textFilter(const Traduction& traduction) {
-    return {traduction.Trad("Main", "Fichiers texte", "msgFiltreTxt") + " (*.txt)", ".txt"};
+    return {traduction.Trad("Main", "Fichiers texte", "msgFiltreTxt") + " (*.txt)", {".txt"}};
 }
 
 }  // namespace quillmark

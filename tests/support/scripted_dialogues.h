@@ -19,8 +19,10 @@ class ScriptedDialogues : public Dialogues {
 
     std::deque<Answer> answers;
     std::deque<std::optional<std::string>> files;
-    std::vector<Shown> shown;           // every box, in order
-    std::vector<std::string> proposed;  // names proposed by save dialogs
+    std::vector<Shown> shown;                      // every box, in order
+    std::vector<std::string> proposed;             // names proposed by save dialogs
+    std::vector<std::vector<FileFilter>> offered;  // filters of open dialogs
+    std::deque<std::optional<std::string>> texts;  // answers to `askText`
 
     ~ScriptedDialogues() override {
         EXPECT_TRUE(answers.empty()) << answers.size() << " answers were never asked for";
@@ -30,7 +32,7 @@ class ScriptedDialogues : public Dialogues {
     Answer AfficheMessage(const std::string& message, MessageStyle style,
                           const std::string& titre) override {
         shown.push_back({message, style, titre});
-        if (style == MessageStyle::ok) {
+        if (buttonsOf(style) == MessageStyle::ok) {
             return Answer::ok;
         }
         if (answers.empty()) {
@@ -42,7 +44,8 @@ class ScriptedDialogues : public Dialogues {
         return answer;
     }
     std::optional<std::string> chooseFileToOpen(const std::string& /*titre*/,
-                                                const FileFilter& /*filter*/) override {
+                                                const std::vector<FileFilter>& filters) override {
+        offered.push_back(filters);
         return nextFile();
     }
     std::optional<std::string> chooseFileToSave(const std::string& /*titre*/,
@@ -50,6 +53,18 @@ class ScriptedDialogues : public Dialogues {
                                                 const std::string& proposedName) override {
         proposed.push_back(proposedName);
         return nextFile();
+    }
+
+    std::optional<std::string> askText(const std::string& prompt, const std::string& titre,
+                                       const std::string& /*initial*/) override {
+        shown.push_back({prompt, MessageStyle::okCancel, titre});
+        if (texts.empty()) {
+            ADD_FAILURE() << "unexpected question for a text: " << prompt;
+            return std::nullopt;
+        }
+        auto text = texts.front();
+        texts.pop_front();
+        return text;
     }
 
   private:

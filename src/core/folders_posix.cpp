@@ -1,0 +1,36 @@
+#include <cstdlib>
+
+#include "core/folders.h"
+
+namespace quillmark {
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? fs::path(value) : fs::path();
+}
+
+fs::path programFolder() {
+    std::error_code none;
+    const fs::path beside = fs::read_symlink("/proc/self/exe", none).parent_path();
+    if (fs::is_regular_file(beside / "MPCTypes.txt", none)) {
+        return beside;
+    }
+    const fs::path shared = beside.parent_path() / "share" / "quillmark";
+    return fs::is_directory(shared, none) ? shared : beside;
+}
+
+}  // namespace
+
+Folders platformFolders() {
+    fs::path data = environment("XDG_DATA_HOME");
+    if (!data.is_absolute()) {
+        data = environment("HOME") / ".local" / "share";
+    }
+    std::error_code none;
+    return {programFolder(), data / "Quillmark", fs::temp_directory_path(none)};
+}
+
+}  // namespace quillmark

@@ -1,0 +1,28 @@
+// What a change of the document touched: the one notice that lists, sheet, preview and text get.
+#pragma once
+
+#include <memory>
+
+#include "core/object_ref.h"
+
+namespace quillmark {
+
+struct Change {
+    enum class What : std::uint8_t {
+        replaced,   // another document, or none: nothing of before is there any more
+        content,    // anything may differ: an undo, applied text
+        header,     // header fields, code page, header size
+        added,      // `object` is new, those behind it moved up
+        modified,   // `object` alone
+        removed,    // `object` is gone, those behind it moved down
+        reordered,  // `reordering` says where objects went
+        drawOrder,
+    };
+    What what = What::content;
+    ObjectRef object;
+    std::shared_ptr<const Reordering> reordering;
+    // The object to select afterwards; none leaves the choice to who selects.
+    ObjectRef select;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,156 @@
+// The life of the one document: opening, saving, closing, editing, undoing, and the questions in
+// between. Windows forward their commands to it and observe its signals.
+//
+// Long work runs through `Tasks`, so a command may end after its call returned; `then` tells how.
+// While a command is under way `busy()` is true and other commands do nothing.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "core/dialogues.h"
+#include "core/document.h"
+#include "core/journal.h"
+#include "core/profile.h"
+#include "core/settings_table.h"
+#include "core/signal.h"
+#include "core/tasks.h"
+#include "core/translation.h"
+#include "session/change.h"
+#include "session/recent_files.h"
+#include "session/text_pane.h"
+#include "session/text_view.h"
+#include "session/undo_history.h"
+#include "text/backups.h"
+#include "text/code_pages.h"
+
+namespace quillmark {
+
+struct SessionServices {
+    Dialogues& dialogues;
+    Tasks& tasks;
+    Settings& settings;
+    const Traduction& traduction;           // its content changes with the language
+    std::function<const Profile&()> types;  // `MPCTypes.txt`, read when first asked for
+    TextBackups& backups;
+};
+
+// What stands beside the content of the document.
+struct SessionFacts {
+    bool hasDocument = false;
+    bool isNew = false;           // from New, never saved
+    bool OuvertEnTexte = false;   // opened from text, or saved as text
+    bool utf8 = false;            // the text file is held in UTF-8
+    bool hasMagic = true;         // false: the file opened wasn't a TYP file
+    bool damaged = false;         // the file opened couldn't be read whole; asked before it is lost
+    bool incompleteText = false;  // saved as text that couldn't hold all of the document
+    std::filesystem::path FichierTYP;  // absolute; empty without a file
+    std::size_t TailleFichier = 0;     // bytes
+
+    [[nodiscard]] std::string NomFichier() const;
+    [[nodiscard]] std::string DossierFichier() const;
+};
+
+enum class HeaderField : std::uint8_t { FID, ProductCode };
+
+class Session {
+  public:
+    // True when the command was carried out, false when it was cancelled, refused or failed.
+    using Then = std::function<void(bool done)>;
+
+    // `document` is the one that all windows show; its address stays good.
+    Session(Document& document, SessionServices services);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    void setTextPane(TextPane* pane);
+
+    // --- What stands ---
+    [[nodiscard]] const Document& document() const { return document_; }
+    [[nodiscard]] const SessionFacts& facts() const { return facts_; }
+    // There is something that a close would lose.
+    [[nodiscard]] bool changed() const;
+    // Edited since it was opened, made or saved: what the word in the title says.
+    [[nodiscard]] bool showsModified() const;
+    [[nodiscard]] bool busy() const { return busy_; }
+    // Entries of the open, then those of the last Apply.
+    [[nodiscard]] Journal journal() const;
+    [[nodiscard]] const TextView& textView() const { return view_; }
+    [[nodiscard]] bool textEdited() const;
+    [[nodiscard]] bool canUndo() const { return facts_.hasDocument && undo_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return facts_.hasDocument && undo_.canRedo(); }
+    [[nodiscard]] RecentFiles& recentFiles() { return recent_; }
+
+    Signal<Change> documentChanged;
+    Signal<> factsChanged;     // title, journal, changed mark, undo, busy, recent files
+    Signal<std::string> told;  // one line for the status bar
+
+    // --- Documents ---
+    void mnuNouveau_Click(Then then = {});
+    // `mnuOuvrirTYP_Click` and Ctrl+O: a TYP file first, a second filter for both kinds.
+    void mnuouvrir_Click(Then then = {});
+    void mnuouvrirtxt_click(bool utf8, Then then = {});
+    // A file of the command line, a drop or the recent files.
+    void ouvrir(const std::filesystem::path& file, Then then = {});
+    void mnufermer_Click(Then then = {});
+    void mnuEnregistrer_Click(Then then = {});
+    void mnuEnregistrerTyp_Click(Then then = {});
+    void mnuEnregistrerTxt_Click(bool utf8, Then then = {});
+    // Any way of closing the window; `then(true)` lets it close.
+    void Form_QueryUnload(Then then);
+
+    // --- Edits ---
+    // Each edit first deals with edits that stand in the text view, and is one undo step.
+    void deleteObject(const ObjectRef& object, Then then = {});
+    void undo();
+    void redo();
+    // An edit by a window: `edit` changes the document it is given. Nothing happens when it leaves
+    // the document as it was or throws. Edits of one non-empty `merge` in a row are one step.
+    void edit(const Change& change, const std::function<void(Document&)>& edit,
+              const std::string& merge = {});
+
+    // The field's text as the user types it; the check comes with `leaveHeaderField`.
+    void typeHeaderField(HeaderField field, const std::string& text);
+    // False when the text was refused: it is told, and the field is emptied.
+    bool leaveHeaderField(HeaderField field);
+    void setCodePage(int CodePage, Then then = {});
+    void setHeaderSize(int bytes, Then then = {});
+
+    // --- Text view ---
+    // `cmdvoirtxt_Click` and its twin: the whole document, or the object that is selected.
+    void showWholeDocument(Then then = {});
+    void showObject(const ObjectRef& object, Then then = {});
+    // A row was selected: marks its section, or shows it, by the switch of the view.
+    void selectInText(const ObjectRef& object, Then then = {});
+    void cmdAppliquerModif_Click(Then then = {});
+    // The question before anything that replaces the view's text: apply, drop or stay.
+    void settleEdits(Then then);
+    // The control came into sight, or what the text depends on changed (preferences, language).
+    void refreshText();
+
+    // --- Backups ---
+    // Keeps the whole document's text as it stands, edits in the view included, when it is news;
+    // made and written behind. Called after an open and after each change, and by a timer some
+    // time after the last key typed in the view.
+    void sauvegardertexte();
+    // The same, at once and in place: the process is about to be ended.
+    void backUpNow();
+
+  private:
+    Document& document_;
+    SessionServices services_;
+    TextPane* pane_ = nullptr;
+    SessionFacts facts_;
+    TextView view_;
+    UndoHistory undo_;
+    RecentFiles recent_;
+    Journal openJournal_;
+    Journal applyJournal_;
+    bool busy_ = false;
+};
+
+}  // namespace quillmark

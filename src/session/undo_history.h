@@ -1,0 +1,66 @@
+// Undo and redo as snapshots of the whole document, bounded by memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "core/object_ref.h"
+
+namespace quillmark {
+
+// Bytes that a document holds, roughly.
+[[nodiscard]] std::size_t memoryOf(const Document& document);
+
+class UndoHistory {
+  public:
+    static constexpr std::size_t kMemoryLimit = std::size_t{256} * 1024 * 1024;
+
+    struct Step {
+        Document document;  // as it stands on the other side of the step
+        ObjectRef object;   // what the step was about, selected after an undo
+    };
+
+    explicit UndoHistory(std::size_t memoryLimit = kMemoryLimit) : memoryLimit_(memoryLimit) {}
+
+    // Keeps `before` as the state that an undo brings back. Steps of one non-empty `merge` in a row
+    // are one step (typing in one field), until `endMerge`.
+    void record(const Document& before, const ObjectRef& object, const std::string& merge = {});
+    void endMerge() { merge_.clear(); }
+    // True when the next `record` of this name would join the newest step.
+    [[nodiscard]] bool merges(const std::string& merge) const;
+
+    [[nodiscard]] bool canUndo() const noexcept { return !undo_.empty(); }
+    [[nodiscard]] bool canRedo() const noexcept { return !redo_.empty(); }
+    // Exchanges `document` with the newest step; nothing when there is none.
+    std::optional<ObjectRef> undo(Document& document);
+    std::optional<ObjectRef> redo(Document& document);
+
+    void clear();
+    // The state of now is what the file holds.
+    void markSaved();
+    // The file holds none of the states that can be reached.
+    void markNeverSaved();
+    [[nodiscard]] bool isSaved() const noexcept { return position_ == saved_; }
+
+  private:
+    struct Kept {
+        Step step;
+        std::size_t memory = 0;
+        std::uint64_t position = 0;  // of the state that `step` holds
+    };
+    void bound();
+
+    std::deque<Kept> undo_;
+    std::deque<Kept> redo_;
+    std::string merge_;
+    std::size_t memoryLimit_;
+    std::size_t memory_ = 0;
+    std::uint64_t position_ = 1;  // names the state of now; no two states share one
+    std::uint64_t last_ = 1;
+    std::uint64_t saved_ = 1;
+};
+
+}  // namespace quillmark
