@@ -29,11 +29,11 @@ void Journal::add(JournalEntry entry) {
 }
 
 void Journal::error(std::string text, std::string context, int line) {
-    add({JournalKind::error, std::move(context), line, std::move(text)});
+    add({JournalKind::error, std::move(context), line, std::move(text), ObjectKind::none, 0});
 }
 
 void Journal::warning(std::string text, std::string context, int line) {
-    add({JournalKind::warning, std::move(context), line, std::move(text)});
+    add({JournalKind::warning, std::move(context), line, std::move(text), ObjectKind::none, 0});
 }
 
 void Journal::append(const Journal& other) {

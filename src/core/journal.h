@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "core/records.h"
+
 namespace quillmark {
 
 class Traduction;
@@ -16,6 +18,9 @@ struct JournalEntry {
     std::string context;  // the object that was being read, empty when none
     int line = 0;         // line of a text, from 1; 0 for a binary file
     std::string text;     // as shown, may hold line breaks (CR LF)
+    // The object of a binary file that was being read, for who wants to go there.
+    ObjectKind object = ObjectKind::none;
+    std::uint16_t identity = 0;  // type shifted left by 5 plus subtype
     bool operator==(const JournalEntry&) const = default;
 };
 

@@ -79,6 +79,12 @@ class Session {
     [[nodiscard]] bool busy() const { return busy_; }
     // Entries of the open, then those of the last Apply.
     [[nodiscard]] Journal journal() const;
+    [[nodiscard]] int errorCount() const {
+        return openJournal_.errorCount() + applyJournal_.errorCount();
+    }
+    [[nodiscard]] int warningCount() const {
+        return openJournal_.warningCount() + applyJournal_.warningCount();
+    }
     [[nodiscard]] const TextView& textView() const { return view_; }
     [[nodiscard]] bool textEdited() const;
     [[nodiscard]] bool canUndo() const { return facts_.hasDocument && undo_.canUndo(); }

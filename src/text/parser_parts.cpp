@@ -225,7 +225,8 @@ void ParserContext::tell(Fault fault, std::size_t line) {
     if (!reason.empty()) {
         text += "  (" + reason + ")";
     }
-    journal.add({kindOf(fault), {}, static_cast<int>(line) + 1, std::move(text)});
+    journal.add(
+        {kindOf(fault), {}, static_cast<int>(line) + 1, std::move(text), ObjectKind::none, 0});
 }
 
 bool isEnd(std::string_view line) {

@@ -76,17 +76,18 @@ void ReadContext::add(JournalKind kind, std::string text) {
     if (journalOpen()) {
         std::string context = contextMessage();
         journalCost_ += kJournalEntryCost + text.size() + context.size();
-        journal_.add({kind, std::move(context), 0, std::move(text)});
+        journal_.add(
+            {kind, std::move(context), 0, std::move(text), object_.kind, object_.identity});
         return;
     }
     bool& told = closingTold_[static_cast<std::size_t>(kind)];
     if (!told) {
         told = true;
-        journal_.add({kind,
-                      {},
-                      0,
-                      Trad("Main", "Trop de messages : les suivants ne sont pas conservés.",
-                           "msgJournalPlein")});
+        JournalEntry closing;
+        closing.kind = kind;
+        closing.text = Trad("Main", "Trop de messages : les suivants ne sont pas conservés.",
+                            "msgJournalPlein");
+        journal_.add(std::move(closing));
     }
 }
 
