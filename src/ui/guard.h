@@ -1,8 +1,8 @@
 // The one place where failures of a handler end: every action of a window goes through it.
 #pragma once
 
-#include <exception>
 #include <functional>
+#include <type_traits>
 #include <utility>
 
 namespace quillmark {
@@ -13,13 +13,10 @@ void tellUnforeseen(const char* procedure, const char* window);
 
 template <typename Handler>
 [[nodiscard]] auto guarded(const char* procedure, const char* window, Handler handler) {
-    return [procedure, window, handler = std::move(handler)](auto&&... arguments) mutable {
+    return [ procedure, window, handler = std::move(handler) ]<typename... Arguments>(
+        Arguments && ... arguments) mutable requires std::is_invocable_v<Handler&, Arguments...> {
         try {
-            if constexpr (std::is_invocable_v<Handler&, decltype(arguments)...>) {
-                handler(std::forward<decltype(arguments)>(arguments)...);
-            } else {
-                handler();
-            }
+            handler(std::forward<Arguments>(arguments)...);
         } catch (...) {
             tellUnforeseen(procedure, window);
         }

@@ -1,0 +1,77 @@
+// The main window: lists on the left, text or icons in the middle, preview on the right.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include "core/signal.h"
+#include "ui/app_context.h"
+#include "ui/main_menus.h"
+
+class QSplitter;
+class QStackedWidget;
+
+namespace quillmark {
+
+class DocumentCardPanel;
+class MainStatusBar;
+class ObjectListsPanel;
+class TextPanel;
+class WelcomePage;
+class frmErreur;
+class frmRecherche;
+
+class frmMain : public QMainWindow {
+  public:
+    explicit frmMain(AppContext& context);
+    ~frmMain() override;
+
+    [[nodiscard]] MainMenus& menus() { return menus_; }
+    [[nodiscard]] MainStatusBar& statusLine() { return *status_; }
+    // What the platform's request to end the session and the close box share; `then(true)` once
+    // the window may go.
+    void Form_QueryUnload(const Session::Then& then);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void buildPanes();
+    void connectCommands();
+    void connectViewCommands();
+    void observe();
+    void restoreLayout();
+    void saveSplitter();
+
+    void retranslate();
+    void showState();
+    void showRecentFiles();
+    void showMiddle();
+
+    void openJournal();
+    void openSearch();
+    void chooseLanguage();
+    void offerPlatformLanguage();
+
+    AppContext& context_;
+    MainMenus menus_;
+    QSplitter* panes_;
+    QWidget* left_;
+    QStackedWidget* middle_;
+    QWidget* right_;
+    WelcomePage* welcome_;
+    TextPanel* text_;
+    DocumentCardPanel* card_;
+    ObjectListsPanel* lists_;
+    MainStatusBar* status_;
+    QPointer<frmErreur> journal_;
+    QPointer<frmRecherche> search_;
+    std::vector<Connection> connections_;
+    bool mayClose_ = false;
+    bool firstStart_ = false;
+};
+
+}  // namespace quillmark

@@ -1,0 +1,92 @@
+#include "views/journal_list.h"
+
+#include <algorithm>
+
+#include "core/paths.h"
+
+namespace quillmark {
+namespace {
+
+// A row begins where its entry's words begin; inside, one kind of line end.
+std::string shownText(const std::string& text) {
+    std::string shown;
+    shown.reserve(text.size());
+    std::copy_if(text.begin(), text.end(), std::back_inserter(shown),
+                 [](char c) { return c != '\r'; });
+    const auto first = shown.find_first_not_of("\n-");
+    const auto last = shown.find_last_not_of("\n- ");
+    return first == std::string::npos ? std::string() : shown.substr(first, last - first + 1);
+}
+
+std::string identityOf(std::uint16_t identity) {
+    std::string Type;
+    std::string SubType;
+    setIdentity(Type, SubType, identity);
+    return "0x" + Type + '/' + SubType;
+}
+
+template <typename Record>
+int indexOf(const std::vector<Record>& records, std::uint16_t identity) {
+    const auto found = std::find_if(records.begin(), records.end(), [&](const Record& record) {
+        return identityValue(record.Type, record.SubType) == identity;
+    });
+    return found == records.end() ? -1 : static_cast<int>(found - records.begin());
+}
+
+}  // namespace
+
+void JournalList::refresh() {
+    journal_ = session_.journal();
+    rows_.clear();
+    rows_.reserve(journal_.entries().size());
+    for (const JournalKind kind : {JournalKind::error, JournalKind::warning}) {
+        for (const JournalEntry* entry : journal_.shown(kind)) {
+            JournalRow row;
+            row.kind = kind;
+            row.line = entry->line;
+            row.object = entry->object;
+            row.identity = entry->identity;
+            if (entry->line > 0) {
+                row.place = traduction_.Trad("Main", "Ligne", "msgLigne") + ' ' +
+                            std::to_string(entry->line);
+            } else if (entry->object != ObjectKind::none) {
+                row.place = identityOf(entry->identity);
+            }
+            row.text = shownText(entry->text);
+            rows_.push_back(std::move(row));
+        }
+    }
+}
+
+std::string JournalList::lblErreurs() const {
+    return journal_.ErreurFlag() ? traduction_.Trad("Erreurs", "Erreurs", "lblErreurs")
+                                 : traduction_.Trad("Erreurs", "Messages", "lblMessages");
+}
+
+std::string JournalList::text() const {
+    if (!session_.facts().hasDocument) {
+        return {};
+    }
+    return composeJournal(journal_, utf8FromPath(session_.facts().FichierTYP), traduction_).text;
+}
+
+ObjectRef JournalList::objectOf(const JournalRow& row) const {
+    const Document& document = session_.document();
+    int index = -1;
+    switch (row.object) {
+        case ObjectKind::Polygone:
+            index = indexOf(document.Polygone, row.identity);
+            break;
+        case ObjectKind::Polyline:
+            index = indexOf(document.Polyline, row.identity);
+            break;
+        case ObjectKind::POI:
+            index = indexOf(document.POI, row.identity);
+            break;
+        default:
+            break;
+    }
+    return index < 0 ? ObjectRef{} : ObjectRef{row.object, index, 0};
+}
+
+}  // namespace quillmark

@@ -1,0 +1,44 @@
+// The journal as rows: what was wrong, where, and where a double click leads.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/journal.h"
+#include "core/object_ref.h"
+#include "session/session.h"
+
+namespace quillmark {
+
+struct JournalRow {
+    JournalKind kind = JournalKind::error;
+    std::string place;  // "Ligne 12", "0x10f/04", empty when neither is known
+    std::string text;   // whole, line ends LF, without the one it begins with
+    int line = 0;       // of the text view, from 1; 0 when none
+    ObjectKind object = ObjectKind::none;
+    std::uint16_t identity = 0;
+};
+
+class JournalList {
+  public:
+    JournalList(const Session& session, const Traduction& traduction)
+        : session_(session), traduction_(traduction) {}
+
+    // Reads the session's journal: errors first, each kind in its order.
+    void refresh();
+    [[nodiscard]] const std::vector<JournalRow>& rows() const { return rows_; }
+    // "Erreurs" or "Messages".
+    [[nodiscard]] std::string lblErreurs() const;
+    // The whole journal as text, as it is copied; empty without a document.
+    [[nodiscard]] std::string text() const;
+    // The first object that a row is about, none when it isn't there any more.
+    [[nodiscard]] ObjectRef objectOf(const JournalRow& row) const;
+
+  private:
+    const Session& session_;
+    const Traduction& traduction_;
+    Journal journal_;
+    std::vector<JournalRow> rows_;
+};
+
+}  // namespace quillmark
