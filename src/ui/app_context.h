@@ -23,6 +23,8 @@ struct AppContext {
     CurrentObject& current;
     // After `traduction` changed: who shows texts composes them again.
     Signal<>& languageChanged;
+    // As `mnuAProposDe` and the title show it.
+    std::string Version = "v" QUILLMARK_VERSION;
 };
 
 }  // namespace quillmark
