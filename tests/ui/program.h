@@ -29,7 +29,7 @@ struct Program {
                      [this]() -> const Profile& { return types; }, backups}};
     CurrentObject current{session};
     Signal<> languageChanged;
-    AppContext context{folders, settings, traduction,      dialogues,      tasks,
+    AppContext context{folders, settings, traduction, dialogues,      tasks,
                        backups, session,  current,    languageChanged};
 };
 

@@ -1,0 +1,110 @@
+#include "views/preferences.h"
+
+#include <charconv>
+
+#include "core/ascii.h"
+
+namespace quillmark {
+namespace {
+
+constexpr int kSmallestFont = 4;
+constexpr int kLargestFont = 72;
+constexpr int kDefaultFont = 8;
+
+// Settings of the four rows of a new object's labels.
+constexpr std::array<SettingKey, 4> kLangue{{
+    {keys::kParametres, "Langue0", "1", SettingForm::number, 0, 54},
+    {keys::kParametres, "Langue1", "1", SettingForm::number, 0, 54},
+    {keys::kParametres, "Langue2", "1", SettingForm::number, 0, 54},
+    {keys::kParametres, "Langue3", "1", SettingForm::number, 0, 54},
+}};
+
+// True when the stored value is another one afterwards.
+bool change(Settings& settings, const SettingKey& key, int value) {
+    const bool changed = settings.number(key) != value;
+    settings.setNumber(key, value);
+    return changed;
+}
+
+}  // namespace
+
+Preferences::Preferences(Session& session, Settings& settings)
+    : optOuvertureTexte(settings.boolean(keys::kTexteAuDemarrage)),
+      cbbLabels(settings.number(keys::kLabels) - 1),
+      cbbPolice(settings.text(keys::kPolice)),
+      txtTaille(std::to_string(settings.number(keys::kTaillePolice))),
+      cbbLangues(settings.number(keys::kLangueLabels)),
+      cbbNombre(settings.number(keys::kNombreLangues)),
+      chkUpdate(settings.boolean(keys::kMajAuto)),
+      optFormatPOIDeux(settings.boolean(keys::kFormatPOI)),
+      chkMasquerTextePOI(settings.boolean(keys::kMasquerTextePOI)),
+      session_(session),
+      settings_(settings) {
+    for (std::size_t i = 0; i < lblActiveRoutingColor.size(); ++i) {
+        lblActiveRoutingColor[i] = settings.number(keys::kActiveRoutingColor[i]);
+    }
+    constexpr std::size_t kFifth = 4;
+    const std::string stored = settings.text(keys::kActiveRoutingColor[kFifth]);
+    if (!settings.isStored(keys::kActiveRoutingColor[kFifth]) ||
+        (std::to_string(lblActiveRoutingColor[kFifth]) != trimmed(stored))) {
+        lblActiveRoutingColor[kFifth] = kActivity5InPreferences;
+    }
+    affiche_langue();
+}
+
+int Preferences::taille() const {
+    const std::string_view text = trimmed(txtTaille);
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool whole = error == std::errc() && end == text.data() + text.size();
+    return whole && value >= kSmallestFont && value <= kLargestFont ? value : kDefaultFont;
+}
+
+void Preferences::affiche_langue() {
+    for (std::size_t i = 0; i < cbbLangue.size(); ++i) {
+        cbbLangue[i] = settings_.number(kLangue[i]);
+    }
+}
+
+bool Preferences::changesText() const {
+    return settings_.boolean(keys::kFormatPOI) != optFormatPOIDeux ||
+           settings_.boolean(keys::kMasquerTextePOI) != chkMasquerTextePOI;
+}
+
+void Preferences::cmdOK_Click(std::function<void(const std::optional<Effects>&)> done) {
+    if (!changesText()) {
+        done(store());
+        return;
+    }
+    session_.settleEdits([this, done = std::move(done)](bool settled) {
+        done(settled ? std::optional(store()) : std::nullopt);
+    });
+}
+
+Preferences::Effects Preferences::store() {
+    Effects effects;
+    effects.text = changesText();
+    settings_.setBoolean(keys::kTexteAuDemarrage, optOuvertureTexte);
+    const std::string police = cbbPolice.empty() ? std::string(kOwnFont) : cbbPolice;
+    effects.sheet = settings_.text(keys::kPolice) != police;
+    settings_.setText(keys::kPolice, police);
+    effects.sheet |= change(settings_, keys::kLabels, cbbLabels < 0 ? 1 : cbbLabels + 1);
+    effects.sheet |= change(settings_, keys::kTaillePolice, taille());
+    effects.sheet |= change(settings_, keys::kLangueLabels, cbbLangues < 0 ? 1 : cbbLangues);
+    for (std::size_t i = 0; i < cbbLangue.size(); ++i) {
+        const bool shown = static_cast<int>(i) < cbbNombre;
+        settings_.setNumber(kLangue[i], shown && cbbLangue[i] >= 0 ? cbbLangue[i] : 1);
+    }
+    for (std::size_t i = 0; i < lblActiveRoutingColor.size(); ++i) {
+        effects.colours |=
+            change(settings_, keys::kActiveRoutingColor[i], lblActiveRoutingColor[i]);
+    }
+    effects.sheet |= effects.colours;
+    settings_.setNumber(keys::kNombreLangues, cbbNombre < 0 ? 1 : cbbNombre);
+    settings_.setBoolean(keys::kMajAuto, chkUpdate);
+    settings_.setBoolean(keys::kFormatPOI, optFormatPOIDeux);
+    settings_.setBoolean(keys::kMasquerTextePOI, chkMasquerTextePOI);
+    return effects;
+}
+
+}  // namespace quillmark
