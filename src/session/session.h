@@ -87,6 +87,8 @@ class Session {
     }
     [[nodiscard]] const TextView& textView() const { return view_; }
     [[nodiscard]] bool textEdited() const;
+    // `MPCTypes.txt`, read when first asked for.
+    [[nodiscard]] const Profile& types() const { return services_.types(); }
     [[nodiscard]] bool canUndo() const { return facts_.hasDocument && undo_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return facts_.hasDocument && undo_.canRedo(); }
     [[nodiscard]] RecentFiles& recentFiles() { return recent_; }
