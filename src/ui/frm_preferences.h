@@ -1,0 +1,62 @@
+// The window of the preferences.
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <functional>
+#include <optional>
+
+#include "ui/app_context.h"
+#include "views/preferences.h"
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace quillmark {
+
+class frmPreferences : public QDialog {
+  public:
+    // A colour chosen for the one given, nothing when the user gave up.
+    using ChooseColour = std::function<std::optional<std::int32_t>(QWidget*, std::int32_t)>;
+
+    frmPreferences(QWidget* parent, AppContext& context, ChooseColour chooseColour);
+    // After the window closed with OK.
+    [[nodiscard]] const Preferences::Effects& effects() const { return effects_; }
+
+  private:
+    QGroupBox* mainWindow();
+    QGroupBox* editWindow();
+    QGroupBox* activities();
+    QGroupBox* formatOfPOI();
+    QGroupBox* update();
+    void showState();
+    void showLanguages();
+    void showColour(std::size_t i);
+    void takeState();
+    void cmdOK_Click();
+
+    AppContext& context_;
+    Preferences state_;
+    Preferences::Effects effects_;
+    ChooseColour chooseColour_;
+
+    std::array<QRadioButton*, 2> optOuverture_{};
+    QComboBox* cbbLabels_ = nullptr;
+    QComboBox* cbbPolice_ = nullptr;
+    QLineEdit* txtTaille_ = nullptr;
+    QComboBox* cbbLangues_ = nullptr;
+    QComboBox* cbbNombre_ = nullptr;
+    std::array<QComboBox*, 4> cbbLangue_{};
+    std::array<QWidget*, 4> captions_{};
+    std::array<QPushButton*, 6> lblActiveRoutingColor_{};
+    std::array<QRadioButton*, 2> optFormatPOI_{};
+    QCheckBox* chkMasquerTextePOI_ = nullptr;
+    QCheckBox* chkUpdate_ = nullptr;
+};
+
+}  // namespace quillmark
