@@ -18,6 +18,8 @@ class TextBackups {
     static constexpr std::size_t kMemoryLimit = std::size_t{64} * 1024 * 1024;
     static constexpr std::size_t kFileLimit = std::size_t{256} * 1024 * 1024;
 
+    explicit TextBackups(std::size_t limit = kMemoryLimit) : limit_(limit) {}
+
     // What `prepare` made of a text, in any thread.
     struct Prepared {
         Bytes compressed;
@@ -38,6 +40,7 @@ class TextBackups {
     [[nodiscard]] std::size_t number(std::size_t position) const { return first_ + position; }
 
   private:
+    std::size_t limit_;
     std::deque<Prepared> elements_;
     std::size_t first_ = 0;
     std::size_t memory_ = 0;
