@@ -6,7 +6,7 @@
 #include "batch/commands.h"
 #include "batch/console.h"
 #include "batch/options.h"
-#include "batch/program.h"
+#include "core/program.h"
 #include "batch/wording.h"
 
 namespace quillmark {

@@ -1,7 +1,7 @@
 #include <iostream>
 
 #include "batch/batch.h"
-#include "batch/program.h"
+#include "core/program.h"
 
 int main(int argc, char** argv) {
     quillmark::makeStandardStreamsBinary();

@@ -1,6 +1,7 @@
 #include <cstdlib>
 
 #include "core/folders.h"
+#include "core/program.h"
 
 namespace quillmark {
 namespace {
@@ -12,9 +13,9 @@ fs::path environment(const char* name) {
     return value != nullptr ? fs::path(value) : fs::path();
 }
 
-fs::path programFolder() {
+fs::path installedData() {
     std::error_code none;
-    const fs::path beside = fs::read_symlink("/proc/self/exe", none).parent_path();
+    const fs::path beside = programFolder();
     if (fs::is_regular_file(beside / "MPCTypes.txt", none)) {
         return beside;
     }
@@ -30,7 +31,7 @@ Folders platformFolders() {
         data = environment("HOME") / ".local" / "share";
     }
     std::error_code none;
-    return {programFolder(), data / "Quillmark", fs::temp_directory_path(none)};
+    return {installedData(), data / "Quillmark", fs::temp_directory_path(none)};
 }
 
 }  // namespace quillmark

@@ -2,20 +2,17 @@
 
 #include <shlobj.h>
 
-#include <array>
-
 #include "core/folders.h"
+#include "core/program.h"
 
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path programFolder() {
-    std::array<wchar_t, 32768> name{};
-    const DWORD length = GetModuleFileNameW(nullptr, name.data(), static_cast<DWORD>(name.size()));
-    const fs::path beside = fs::path(std::wstring(name.data(), length)).parent_path();
+fs::path installedData() {
     std::error_code none;
+    const fs::path beside = programFolder();
     if (fs::is_regular_file(beside / "MPCTypes.txt", none)) {
         return beside;
     }
@@ -37,7 +34,7 @@ fs::path applicationData() {
 
 Folders platformFolders() {
     std::error_code none;
-    return {programFolder(), applicationData() / "Quillmark", fs::temp_directory_path(none)};
+    return {installedData(), applicationData() / "Quillmark", fs::temp_directory_path(none)};
 }
 
 }  // namespace quillmark

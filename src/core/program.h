@@ -1,4 +1,4 @@
-// What the command line needs of the platform beyond the standard library.
+// What a program needs of the platform beyond the standard library.
 #pragma once
 
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "batch/program.h"
+#include "core/program.h"
 
 namespace quillmark {
 
