@@ -1,0 +1,189 @@
+#include "ui/object_list_view.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+#include "ui/guard.h"
+#include "ui/qt_text.h"
+#include "views/readable_colour.h"
+
+namespace quillmark {
+namespace {
+
+Couleur couleurOf(const QColor& colour) {
+    return couleurFromRgb(static_cast<std::uint8_t>(colour.red()),
+                          static_cast<std::uint8_t>(colour.green()),
+                          static_cast<std::uint8_t>(colour.blue()));
+}
+
+QColor colourOf(Couleur couleur) {
+    return {redOf(couleur), greenOf(couleur), blueOf(couleur)};
+}
+
+// Draws rows of one height that has room for a small picture of the object.
+class ObjectRowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    std::array<Couleur, 6> colours{};
+    bool hasActivities = false;  // room for the squares is kept in all rows, so that texts align
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return {size.width(), std::max(size.height(), option.fontMetrics.height() * 3 / 2)};
+    }
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideRight;
+        if (!hasActivities) {
+            return;
+        }
+        if (index.column() == 0) {
+            const int side = option->fontMetrics.ascent();
+            option->features |= QStyleOptionViewItem::HasDecoration;
+            option->decorationSize = QSize(side, side);
+        }
+        const QVariant activity = index.data(ObjectListModel::kActivityRole);
+        if (!activity.isValid()) {
+            return;
+        }
+        const Couleur colour = colours.at(static_cast<std::size_t>(activity.toInt()));
+        // A system colour is the one that text has anyway.
+        if (colour < 0) {
+            return;
+        }
+        const Couleur ground = couleurOf(option->palette.color(QPalette::Base));
+        option->palette.setColor(QPalette::Text, colourOf(readableOn(colour, ground)));
+        if (index.column() == 0) {
+            option->icon = square(colourOf(colour), option->decorationSize, option->palette);
+        }
+    }
+
+  private:
+    static QIcon square(const QColor& colour, QSize size, const QPalette& palette) {
+        const double scale = qApp->devicePixelRatio();
+        QPixmap drawn(size * scale);
+        drawn.setDevicePixelRatio(scale);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        QColor edge = palette.color(QPalette::WindowText);
+        edge.setAlphaF(0.4F);
+        painter.setPen(edge);
+        painter.setBrush(colour);
+        painter.drawRect(1, 1, size.width() - 3, size.height() - 3);
+        QIcon icon(drawn);
+        icon.addPixmap(drawn, QIcon::Selected);
+        return icon;
+    }
+};
+
+}  // namespace
+
+ObjectListView::ObjectListView(ObjectListModel& model) : rows_(model) {
+    setModel(&model);
+    setItemDelegate(new ObjectRowDelegate(this));
+    setHeaderHidden(true);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(model.list().kind() == ListKind::Draworder ? NoSelection : SingleSelection);
+    header()->setStretchLastSection(true);
+    header()->setSectionResizeMode(0, QHeaderView::Fixed);
+    header()->setMinimumSectionSize(0);
+}
+
+void ObjectListView::setActivityColours(const std::array<Couleur, 6>& colours) {
+    static_cast<ObjectRowDelegate*>(itemDelegate())->colours = colours;
+    viewport()->update();
+}
+
+void ObjectListView::fitColumns() {
+    const ObjectList& list = rows_.list();
+    auto* delegate = static_cast<ObjectRowDelegate*>(itemDelegate());
+    delegate->hasActivities =
+        list.kind() == ListKind::Polyline && list.sources().document.NbPolylinesAR() > 0;
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    const QString widest = toQt(widestRowText(list.sources(), list.kind()));
+    const int square = delegate->hasActivities ? fontMetrics().ascent() + 2 * margin : 0;
+    header()->resizeSection(
+        0, fontMetrics().horizontalAdvance(widest) + square + fontMetrics().averageCharWidth() * 2);
+}
+
+void ObjectListView::setNothingFound(const QString& text) {
+    nothingFound_ = text;
+    viewport()->update();
+}
+
+void ObjectListView::keyboardSearch(const QString& typed) {
+    // A character that is repeated goes on to the next row that begins with it.
+    const bool pause =
+        !sinceTyped_.isValid() || sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
+    const bool again = !pause && typed_ == typed;
+    typed_ = pause || again ? typed : typed_ + typed;
+    sinceTyped_.start();
+    const int here = currentIndex().isValid() ? currentIndex().row() : -1;
+    const int from = pause || again ? here + 1 : here;
+    const int row = rows_.list().typeAhead(fromQt(typed_), from < rows_.rowCount() ? from : 0);
+    if (row >= 0) {
+        setCurrentIndex(rows_.index(row, 0));
+    }
+}
+
+void ObjectListView::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const std::function<void()>* asked = nullptr;
+    if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        asked = &editRequested;
+    } else if (plain && event->key() == Qt::Key_Insert) {
+        asked = &newRequested;
+    } else if (plain && event->key() == Qt::Key_Delete) {
+        asked = &deleteRequested;
+    }
+    if (asked == nullptr) {
+        QTreeView::keyPressEvent(event);
+    } else if (*asked) {
+        (*asked)();
+    }
+}
+
+void ObjectListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    QTreeView::mouseDoubleClickEvent(event);
+    // The row isn't the current one when the user stayed with the object that was selected before.
+    const QModelIndex clicked = indexAt(event->position().toPoint());
+    const bool chosen = clicked.isValid() && clicked.row() == currentIndex().row();
+    if (chosen && event->button() == Qt::LeftButton && editRequested) {
+        editRequested();
+    }
+}
+
+void ObjectListView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (rows_.rowCount() == 0 && rows_.list().isFiltered()) {
+        QPainter painter(viewport());
+        QColor ink = palette().color(QPalette::Text);
+        ink.setAlphaF(0.7F);
+        painter.setPen(ink);
+        const int margin = fontMetrics().height();
+        painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, nothingFound_);
+    }
+}
+
+void ObjectListView::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        fitColumns();
+    }
+}
+
+}  // namespace quillmark

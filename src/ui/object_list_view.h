@@ -1,0 +1,45 @@
+// The rows of one list on the screen, for mouse and keyboard.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTreeView>
+#include <array>
+#include <functional>
+
+#include "bitmap/colour.h"
+#include "ui/object_list_model.h"
+
+namespace quillmark {
+
+class ObjectListView : public QTreeView {
+  public:
+    explicit ObjectListView(ObjectListModel& model);
+
+    // What Enter or a double click, Insert and Delete ask for.
+    std::function<void()> editRequested;
+    std::function<void()> newRequested;
+    std::function<void()> deleteRequested;
+
+    // Colours of the six activities.
+    void setActivityColours(const std::array<Couleur, 6>& colours);
+    // Gives the first column the width that the rows need.
+    void fitColumns();
+    // Said in the middle of a list that the filter left nothing of.
+    void setNothingFound(const QString& text);
+
+    void keyboardSearch(const QString& typed) override;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    ObjectListModel& rows_;
+    QString nothingFound_;
+    QString typed_;  // since the last pause
+    QElapsedTimer sinceTyped_;
+};
+
+}  // namespace quillmark
