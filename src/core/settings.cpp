@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
+#include <charconv>
+#include <cmath>
 
 #include "core/ascii.h"
 
@@ -53,10 +54,11 @@ bool readBoolean(const SettingsStore& store, std::string_view section, std::stri
     if (contains(kFalseWords, word)) {
         return false;
     }
-    char* end = nullptr;
-    const double number = std::strtod(word.c_str(), &end);
-    const bool isNumber = !word.empty() && end == word.c_str() + word.size();
-    return isNumber ? number != 0.0 : defaut;
+    // Not by the C library, whose decimal sign changes with the locale.
+    double number = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), number);
+    const bool isNumber = error == std::errc() && end == word.data() + word.size();
+    return isNumber && std::isfinite(number) ? number != 0.0 : defaut;
 }
 
 TextSettings readTextSettings(const SettingsStore& store) {

@@ -31,7 +31,7 @@ std::optional<int> pixelsOf(std::string_view text) {
     double twips = 0;
     const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), twips);
     if (error != std::errc() || end != number.data() + number.size() ||
-        std::abs(twips) > kLargestTwips) {
+        !(std::abs(twips) <= kLargestTwips)) {  // nor what is no number at all
         return std::nullopt;
     }
     return static_cast<int>(std::lround(std::trunc(twips) / kTwipsPerPixel));

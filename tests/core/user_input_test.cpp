@@ -64,7 +64,7 @@ TEST(Settings, BooleansAreReadInAnySpelling) {
         store.write("Paramètres", "FORMATPOI", no);
         EXPECT_FALSE(readBoolean(store, "Paramètres", "FormatPOI", true)) << no;
     }
-    for (const char* neither : {"", "  ", "perhaps", "1 or 2"}) {
+    for (const char* neither : {"", "  ", "perhaps", "1 or 2", "nan"}) {
         store.write("Paramètres", "FormatPOI", neither);
         EXPECT_TRUE(readBoolean(store, "Paramètres", "FormatPOI", true)) << neither;
         EXPECT_FALSE(readBoolean(store, "Paramètres", "FormatPOI", false)) << neither;
