@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QVBoxLayout>
 
 #include "core/paths.h"
@@ -18,8 +20,24 @@
 namespace quillmark {
 namespace {
 
+// Styles cut the text of a narrow combo without a sign of it.
+class ElidingCombo : public QComboBox {
+  protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QStylePainter painter(this);
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QRect room = style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                   QStyle::SC_ComboBoxEditField, this);
+        option.currentText =
+            fontMetrics().elidedText(option.currentText, Qt::ElideRight, room.width() - 4);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
+
 QComboBox* combo(const char* name, QObject* watcher) {
-    auto* box = new QComboBox;
+    auto* box = new ElidingCombo;
     box->setObjectName(QLatin1String(name));
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(6);

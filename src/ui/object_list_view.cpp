@@ -97,8 +97,9 @@ ObjectListView::ObjectListView(ObjectListModel& model) : rows_(model) {
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(model.list().kind() == ListKind::Draworder ? NoSelection : SingleSelection);
-    header()->setStretchLastSection(true);
+    header()->setStretchLastSection(false);
     header()->setSectionResizeMode(0, QHeaderView::Fixed);
+    header()->setSectionResizeMode(1, QHeaderView::Stretch);
     header()->setMinimumSectionSize(0);
 }
 

@@ -78,7 +78,7 @@ int ObjectList::rowOf(int index) const {
     return found != rows_.end() && *found == index ? static_cast<int>(found - rows_.begin()) : -1;
 }
 
-int ObjectList::polygonOf(int entry) const {
+int ObjectList::polygonOf(const RowNumber& number) const {
     const auto& polygons = sources_.document.Polygone;
     if (!polygons_) {
         polygons_.emplace();
@@ -87,7 +87,6 @@ int ObjectList::polygonOf(int entry) const {
                                    static_cast<int>(i));
         }
     }
-    const RowNumber number = rowNumber(sources_.document, kind_, entry);
     const auto found = polygons_->find(identityValue(number.type, number.subtype));
     return found == polygons_->end() ? -1 : found->second;
 }
@@ -95,11 +94,12 @@ int ObjectList::polygonOf(int entry) const {
 std::vector<std::string> ObjectList::names(int index) const {
     ObjectKind kind = objectKind(kind_);
     if (kind_ == ListKind::Draworder) {
+        const RowNumber number = rowNumber(sources_.document, kind_, index);
         kind = ObjectKind::Polygone;
-        index = polygonOf(index);
-    }
-    if (index < 0 || index >= objectCount(sources_.document, kind)) {
-        return {};
+        index = polygonOf(number);
+        if (index < 0) {
+            return {typeName(sources_, kind, number)};
+        }
     }
     return objectNames(sources_, kind, index, LangueLabels_);
 }

@@ -47,7 +47,7 @@ class ObjectList {
     [[nodiscard]] std::vector<std::string> names(int index) const;
     [[nodiscard]] const std::string& searched(int index) const;
     [[nodiscard]] bool matches(int index) const;
-    [[nodiscard]] int polygonOf(int entry) const;
+    [[nodiscard]] int polygonOf(const RowNumber& number) const;
     void applyFilter();
 
     ListKind kind_;

@@ -60,19 +60,6 @@ const Bytes* stringsOf(const Document& document, ObjectKind kind, int index) {
     return nullptr;
 }
 
-std::string typeName(const RowSources& sources, ObjectKind kind, int index) {
-    if (kind == ObjectKind::ExtraPOI || !sources.types) {
-        return {};
-    }
-    const char* section = kind == ObjectKind::Polygone   ? "Polygons"
-                          : kind == ObjectKind::Polyline ? "Polylines"
-                                                         : "POI";
-    const RowNumber number = rowNumber(sources.document, listOf(kind), index);
-    const std::string found =
-        sources.types().find(section, "0x" + number.type + number.subtype).value_or("");
-    return std::string(trimmed(std::string_view(found).substr(0, found.find('/'))));
-}
-
 }  // namespace
 
 ObjectKind objectKind(ListKind list) {
@@ -167,7 +154,9 @@ std::vector<std::string> objectNames(const RowSources& sources, ObjectKind kind,
             add(onOneLine(label.text));
         }
     }
-    add(typeName(sources, kind, index));
+    if (kind != ObjectKind::ExtraPOI) {
+        add(typeName(sources, kind, rowNumber(sources.document, listOf(kind), index)));
+    }
     for (const Label& label : labels) {
         add(onOneLine(label.text));
     }
@@ -194,6 +183,15 @@ RowNumber rowNumber(const Document& document, ListKind list, int index) {
     }
     return {hexText(static_cast<std::uint32_t>(item->type), 3),
             hexText(static_cast<std::uint32_t>(item->subtype), 2)};
+}
+
+std::string typeName(const RowSources& sources, ObjectKind kind, const RowNumber& number) {
+    const char* section = kind == ObjectKind::Polygone   ? "Polygons"
+                          : kind == ObjectKind::Polyline ? "Polylines"
+                                                         : "POI";
+    const std::string found =
+        sources.types().find(section, "0x" + number.type + number.subtype).value_or("");
+    return std::string(trimmed(std::string_view(found).substr(0, found.find('/'))));
 }
 
 int activityIndex(const Polyline& line) {

@@ -38,17 +38,20 @@ struct RowSources {
 // As wide as a row of the list gets.
 [[nodiscard]] std::string widestRowText(const RowSources& sources, ListKind list);
 
-// All that names an object: the label in the chosen language, the type's name, other labels.
-// Each on one line, none twice; the first is the one to show.
-[[nodiscard]] std::vector<std::string> objectNames(const RowSources& sources, ObjectKind kind,
-                                                   int index, int LangueLabels);
-
 // The digits of an entry that are looked for: type, then subtype, or the number of a brand.
 struct RowNumber {
     std::string type;     // 3 hexadecimal digits, or a decimal number
     std::string subtype;  // 2 hexadecimal digits, or empty
 };
 [[nodiscard]] RowNumber rowNumber(const Document& document, ListKind list, int index);
+
+// What maps call a type; empty for one that has no name.
+[[nodiscard]] std::string typeName(const RowSources& sources, ObjectKind kind,
+                                   const RowNumber& number);
+// All that names an object: the label in the chosen language, the type's name, other labels.
+// Each on one line, none twice; the first is the one to show.
+[[nodiscard]] std::vector<std::string> objectNames(const RowSources& sources, ObjectKind kind,
+                                                   int index, int LangueLabels);
 
 // Index of the colour and the icon of an Active Routing line, also where the activity is unknown;
 // -1 without one.

@@ -77,7 +77,7 @@ TEST_F(ObjectListTest, ANameIsTheLabelOfTheLanguageElseThatOfTheTypeElseAnyLabel
     document.Polygone = {polygon("017", "00", labels({{4, "Park"}, {1, "Le\r\nparc"}})),
                          polygon("017", "00", labels({{4, "Park"}})),
                          polygon("150", "01", labels({{4, "Pen"}})), polygon("150", "02")};
-    document.ListDraworder = {"Type=0x150,SubType=0x01,3", "Type=0x04b,1"};
+    document.ListDraworder = {"Type=0x150,SubType=0x01,3", "Type=0x10f,SubType=0x04,1"};
     refreshed(polygons);
     EXPECT_EQ(polygons.name(0), "Le  parc");
     EXPECT_EQ(polygons.name(1), "Parc urbain");
@@ -88,7 +88,7 @@ TEST_F(ObjectListTest, ANameIsTheLabelOfTheLanguageElseThatOfTheTypeElseAnyLabel
 
     ObjectList order(ListKind::Draworder, sources);
     EXPECT_EQ(refreshed(order).name(0), "Pen");
-    EXPECT_EQ(order.name(1), "");
+    EXPECT_EQ(order.name(1), "Forêt") << "an entry without its polygon";
 }
 
 TEST_F(ObjectListTest, ChangedObjectsGetNewNames) {
