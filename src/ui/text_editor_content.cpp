@@ -1,0 +1,204 @@
+// What stands in the text view: put there, compared, searched, marked.
+#include <QScrollBar>
+#include <QTextBlock>
+#include <algorithm>
+
+#include "text/line_difference.h"
+#include "ui/raw_text.h"
+#include "ui/text_editor.h"
+
+namespace quillmark {
+namespace {
+
+constexpr int kLinesAbove = 3;  // left above a line that is brought into sight
+
+}  // namespace
+
+void TextEditor::watchChanges() {
+    connect(document(), &QTextDocument::contentsChange, this,
+            [this](int position, int /*removed*/, int added) { contentChanged(position, added); });
+    connect(document(), &QTextDocument::contentsChanged, this, [this] { tellEdited(); });
+}
+
+void TextEditor::contentChanged(int position, int added) {
+    if (!changing_) {
+        range_.changed(*document(), position, added);
+        Q_EMIT typed();
+    }
+}
+
+void TextEditor::tellEdited() {
+    const bool edited = !changing_ && range_.differs(*document());
+    if (edited != edited_) {
+        edited_ = edited;
+        Q_EMIT editedChanged(edited);
+    }
+}
+
+QString TextEditor::rawContent() const {
+    return isFilling() || !edited_ ? range_.original() : document()->toRawText();
+}
+
+std::string TextEditor::content() const {
+    return fileText(rawContent());
+}
+
+void TextEditor::setContent(const std::string& text) {
+    const QString before = isFilling() || edited_ ? document()->toRawText() : range_.original();
+    QString after = rawText(text);
+    Place place = isFilling() ? kept_ : this->place();
+    filler_.stop();
+    const LineDifference change(viewOf(before), viewOf(after));
+    place.line = change.follow(place.line);
+    place.topLine = change.follow(place.topLine);
+    kept_ = std::exchange(forgetPlace_, false) ? Place() : place;
+    range_.reset(after);
+    changing_ = true;
+    lines_ = document()->blockCount() + change.moved();
+    wanted_.reset();
+    later_ = nullptr;
+    markStart_ = markEnd_ = QTextCursor();
+    // What it steps back to is gone.
+    document()->setUndoRedoEnabled(false);
+    showReadOnly();
+    const auto head = static_cast<qsizetype>(change.head());
+    const auto tail = static_cast<qsizetype>(change.tail());
+    filler_.replace(static_cast<int>(head), static_cast<int>(before.size() - tail),
+                    after.mid(head, after.size() - head - tail));
+}
+
+void TextEditor::filledUp() {
+    document()->setUndoRedoEnabled(true);
+    document()->setModified(false);
+    changing_ = false;
+    showReadOnly();
+    restore(kept_);
+    if (const auto later = std::exchange(later_, nullptr)) {
+        later();
+    }
+    tellEdited();
+    Q_EMIT filled();
+}
+
+int TextEditor::lineCount() const {
+    return changing_ ? std::max(lines_, document()->blockCount()) : document()->blockCount();
+}
+
+TextEditor::Place TextEditor::place() const {
+    const QTextCursor cursor = textCursor();
+    return {cursor.blockNumber(), cursor.positionInBlock(), firstVisibleBlock().blockNumber(),
+            horizontalScrollBar()->value()};
+}
+
+void TextEditor::restore(const Place& place) {
+    const QTextBlock block =
+        document()->findBlockByNumber(std::min(place.line, document()->blockCount() - 1));
+    QTextCursor cursor(block);
+    cursor.setPosition(block.position() + std::min(place.column, block.length() - 1));
+    setTextCursor(cursor);
+    const QTextBlock top =
+        document()->findBlockByNumber(std::min(place.topLine, document()->blockCount() - 1));
+    verticalScrollBar()->setValue(top.firstLineNumber());
+    horizontalScrollBar()->setValue(place.across);
+}
+
+void TextEditor::setEditable(bool editable) {
+    editable_ = editable;
+    showReadOnly();
+}
+
+void TextEditor::showReadOnly() {
+    const bool readOnly = !editable_ || changing_;
+    if (readOnly != isReadOnly()) {
+        setReadOnly(readOnly);
+    }
+    if (readOnly) {
+        // With a cursor, so that the keyboard can select and copy.
+        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    }
+}
+
+std::pair<int, int> TextEditor::markedLines() const {
+    return markStart_.isNull() ? std::pair(-1, -1)
+                               : std::pair(markStart_.blockNumber(), markEnd_.blockNumber());
+}
+
+void TextEditor::markLines(int first, int last) {
+    if (isFilling()) {
+        later_ = [this, first, last] { markLines(first, last); };
+        return;
+    }
+    const int end = document()->blockCount() - 1;
+    markStart_ = QTextCursor(document()->findBlockByNumber(std::clamp(first, 0, end)));
+    markEnd_ = QTextCursor(document()->findBlockByNumber(std::clamp(last, 0, end)));
+    const int line = textCursor().blockNumber();
+    if (line < markStart_.blockNumber() || line > markEnd_.blockNumber()) {
+        setTextCursor(markStart_);
+    }
+    bringIntoSight(markStart_.blockNumber());
+    viewport()->update();
+}
+
+void TextEditor::goToLine(int line) {
+    setFocus();
+    if (isFilling()) {
+        later_ = [this, line] { goToLine(line); };
+        return;
+    }
+    const int end = document()->blockCount() - 1;
+    setTextCursor(QTextCursor(document()->findBlockByNumber(std::clamp(line, 0, end))));
+    bringIntoSight(textCursor().blockNumber());
+}
+
+void TextEditor::bringIntoSight(int line) {
+    wanted_.reset();
+    if (!isVisible()) {
+        wanted_ = line;  // without a size nothing can be scrolled
+        return;
+    }
+    const QTextBlock block = document()->findBlockByNumber(line);
+    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+    if (place.top() < 0 || place.bottom() > viewport()->height()) {
+        verticalScrollBar()->setValue(std::max(0, block.firstLineNumber() - kLinesAbove));
+    }
+}
+
+TextRange TextEditor::selectedRange() const {
+    const QTextCursor cursor = textCursor();
+    return {static_cast<std::size_t>(cursor.selectionStart()),
+            static_cast<std::size_t>(cursor.selectionEnd() - cursor.selectionStart())};
+}
+
+void TextEditor::selectRange(const TextRange& range) {
+    QTextCursor cursor = textCursor();
+    const auto start = static_cast<int>(range.start);
+    cursor.setPosition(start);
+    cursor.setPosition(start + static_cast<int>(range.length), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    bringIntoSight(cursor.blockNumber());
+    ensureCursorVisible();
+}
+
+void TextEditor::replaceRanges(const std::vector<TextRange>& ranges, const QString& by) {
+    const QString text = rawText(by);
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    // From behind, so that the places of the others stay.
+    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
+        const auto start = static_cast<int>(range->start);
+        cursor.setPosition(start);
+        cursor.setPosition(start + static_cast<int>(range->length), QTextCursor::KeepAnchor);
+        cursor.insertText(text);
+    }
+    cursor.endEditBlock();
+    if (ranges.size() == 1) {
+        setTextCursor(cursor);
+        ensureCursorVisible();
+        return;
+    }
+    cursor = textCursor();
+    cursor.clearSelection();
+    setTextCursor(cursor);
+}
+
+}  // namespace quillmark

@@ -1,0 +1,79 @@
+#include "ui/text_filler.h"
+
+#include <QTextDocument>
+#include <algorithm>
+
+#include "ui/guard.h"
+
+namespace quillmark {
+namespace {
+
+constexpr qint64 kStepMilliseconds = 10;
+constexpr qsizetype kPiece = 8 * 1024;    // characters between two looks at the clock
+constexpr qsizetype kAtOnce = 64 * 1024;  // below that, nobody waits for a clock
+
+}  // namespace
+
+TextFiller::TextFiller(QTextDocument& document, std::function<void()> done)
+    : done_(std::move(done)), cursor_(&document) {
+    timer_.setSingleShot(true);
+    timer_.setInterval(0);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_,
+                     guarded("remplirTexte", "frmMain", [this] { work(false); }));
+}
+
+void TextFiller::replace(int start, int end, QString text) {
+    cursor_.setPosition(start);
+    remove_ = end - start;
+    text_ = std::move(text);
+    put_ = 0;
+    active_ = true;
+    work(remove_ + text_.size() <= kAtOnce);
+}
+
+void TextFiller::stop() {
+    timer_.stop();
+    active_ = false;
+    text_.clear();
+    put_ = 0;
+    remove_ = 0;
+}
+
+void TextFiller::finish() {
+    if (active_) {
+        work(true);
+    }
+}
+
+void TextFiller::work(bool all) {
+    timer_.stop();
+    QElapsedTimer clock;
+    clock.start();
+    while (!isDone() && (all || clock.elapsed() < kStepMilliseconds)) {
+        step();
+    }
+    if (!isDone()) {
+        timer_.start();
+        return;
+    }
+    stop();
+    done_();
+}
+
+void TextFiller::step() {
+    if (remove_ > 0) {
+        const int count = std::min(remove_, static_cast<int>(kPiece));
+        cursor_.setPosition(cursor_.position() + count, QTextCursor::KeepAnchor);
+        cursor_.removeSelectedText();
+        remove_ -= count;
+        return;
+    }
+    qsizetype end = std::min(put_ + kPiece, text_.size());
+    if (end < text_.size() && text_.at(end - 1).isHighSurrogate()) {
+        ++end;
+    }
+    cursor_.insertText(text_.mid(put_, end - put_));
+    put_ = end;
+}
+
+}  // namespace quillmark
