@@ -1,7 +1,6 @@
 #include "ui/digits_edit.h"
 
 #include <QKeyEvent>
-#include <QTimer>
 #include <QValidator>
 
 namespace quillmark {
@@ -91,11 +90,14 @@ void DigitsEdit::focusOutEvent(QFocusEvent* event) {
     }
     // A box that opens within the press of the mouse would take its release away from the control
     // that was pressed.
-    QTimer::singleShot(0, this, [this] {
-        if (!hasFocus() && left) {
-            left();
-        }
-    });
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (!hasFocus() && left) {
+                left();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace quillmark

@@ -177,12 +177,10 @@ void DocumentCardPanel::connectControls() {
     connect(lblFID_, &TextButton::clicked, this,
             guarded("lblFID_Click", "frmMain", [this] { lblFID_Click(); }));
     for (TextButton* notice : {lblErreurs_, lblAvertissements_}) {
-        connect(notice, &TextButton::clicked, this, guarded("lblNomTyp_Click", "frmMain", [this] {
-                    if (journalRequested) {
-                        journalRequested();
-                    }
-                }));
+        connect(notice, &TextButton::clicked, this,
+                guarded("lblNomTyp_Click", "frmMain", [this] { lblNomTyp_Click(); }));
     }
+    lblNomTyp_->installEventFilter(this);
 }
 
 DigitsEdit& DocumentCardPanel::edit(HeaderField field) const {
@@ -263,12 +261,22 @@ void DocumentCardPanel::lblFID_Click() {
     (new frmFID(this, context_, FID, lstFIDs(FID, mapIds, context_.traduction)))->show();
 }
 
+void DocumentCardPanel::lblNomTyp_Click() {
+    const bool faults = !lblErreurs_->isHidden() || !lblAvertissements_->isHidden();
+    if (faults && journalRequested) {
+        journalRequested();
+    }
+}
+
 bool DocumentCardPanel::eventFilter(QObject* watched, QEvent* event) {
     // Scrolling over the card changes no document.
     auto* box = qobject_cast<QComboBox*>(watched);
     if (box != nullptr && event->type() == QEvent::Wheel && !box->hasFocus()) {
         event->ignore();
         return true;
+    }
+    if (watched == lblNomTyp_ && event->type() == QEvent::MouseButtonRelease) {
+        guarded("lblNomTyp_Click", "frmMain", [this] { lblNomTyp_Click(); })();
     }
     return QWidget::eventFilter(watched, event);
 }

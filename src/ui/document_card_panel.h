@@ -29,6 +29,7 @@ class DocumentCardPanel : public QWidget {
     void showState();
     void showFile();
     void showField(HeaderField field);
+    void lblNomTyp_Click();
     void lblFID_Click();
     [[nodiscard]] DigitsEdit& edit(HeaderField field) const;
     bool eventFilter(QObject* watched, QEvent* event) override;

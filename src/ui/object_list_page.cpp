@@ -209,7 +209,7 @@ void ObjectListPage::showStates() {
     showTip(*remove_, tips.remove, true);
 }
 
-void ObjectListPage::showTip(QToolButton& button, const std::string& text, bool available) {
+void ObjectListPage::showTip(QToolButton& button, const std::string& text, bool available) const {
     button.setAccessibleName(toQt(text));
     button.setToolTip(
         plainTip(toQt(available ? text : text + "\n" + laterText(context_.traduction))));

@@ -42,7 +42,7 @@ class ObjectListPage : public QWidget {
     void cmdModifier_Click();
     void cmdNouveau_Click();
     void cmdSupprimer_Click();
-    void showTip(QToolButton& button, const std::string& text, bool available);
+    void showTip(QToolButton& button, const std::string& text, bool available) const;
 
     AppContext& context_;
     ListKind kind_;
