@@ -6,8 +6,8 @@
 #include "batch/commands.h"
 #include "batch/console.h"
 #include "batch/options.h"
-#include "core/program.h"
 #include "batch/wording.h"
+#include "core/program.h"
 
 namespace quillmark {
 namespace {
@@ -29,10 +29,10 @@ fs::path dataFolder() {
 ExitStatus runCommand(const BatchOptions& options, Console& console) {
     const fs::path data = dataFolder();
     if (!options.language.empty()) {
-        if (options.language != kFrancais && !LangueExiste(data, options.language)) {
+        if (options.language != kFrancais && !LangueExiste({data}, options.language)) {
             console.tell(options.language, JournalKind::warning, wording::kNoLanguage);
         }
-        console.traduction = Traduction(data, options.language);
+        console.traduction = Traduction({data}, options.language);
     }
     switch (options.command) {
         case Command::text:

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace quillmark {
 
@@ -15,6 +16,10 @@ struct Folders {
     // A data file such as "Langues/English.lng": the user's own first, then the program's. The
     // program's place when neither exists.
     [[nodiscard]] std::filesystem::path dataFile(const std::string& name) const;
+    // Where data files are looked for, in this order.
+    [[nodiscard]] std::vector<std::filesystem::path> dataFolders() const {
+        return {userData, program};
+    }
     [[nodiscard]] std::filesystem::path backupFile() const { return userData / "Quillmark.save"; }
 };
 

@@ -60,24 +60,71 @@ constexpr std::array<std::uint16_t, 32> kWindows1252{
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+void append(char32_t code, std::string& text) {
+    const auto add = [&text](char32_t byte) { text += static_cast<char>(byte); };
+    if (code < 0x80) {
+        add(code);
+    } else if (code < 0x800) {
+        add(0xC0U | code >> 6U);
+        add(0x80U | (code & 0x3FU));
+    } else {
+        if (code < 0x10000) {
+            add(0xE0U | code >> 12U);
+        } else {
+            add(0xF0U | code >> 18U);
+            add(0x80U | (code >> 12U & 0x3FU));
+        }
+        add(0x80U | (code >> 6U & 0x3FU));
+        add(0x80U | (code & 0x3FU));
+    }
+}
+
 std::string fromWindows1252(std::string_view bytes) {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 8);
     for (const char byte : bytes) {
-        unsigned code = static_cast<unsigned char>(byte);
-        if (code >= 0x80 && code < 0xA0) {
-            code = kWindows1252[code - 0x80];
+        const auto code = static_cast<unsigned char>(byte);
+        append(code >= 0x80 && code < 0xA0 ? kWindows1252[code - 0x80] : code, text);
+    }
+    return text;
+}
+
+// Behind the mark; `high` is the place of the high byte in each pair.
+std::string fromUtf16(std::string_view bytes, std::size_t high) {
+    const auto unit = [&](std::size_t i) {
+        return static_cast<char32_t>(static_cast<unsigned char>(bytes[i + high]) << 8U |
+                                     static_cast<unsigned char>(bytes[i + 1 - high]));
+    };
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        char32_t code = unit(i);
+        if (code >= 0xD800 && code < 0xE000) {
+            const char32_t second = i + 3 < bytes.size() ? unit(i + 2) : 0;
+            if (code < 0xDC00 && second >= 0xDC00 && second < 0xE000) {
+                code = 0x10000 + ((code - 0xD800) << 10U) + (second - 0xDC00);
+                i += 2;
+            } else {
+                code = 0xFFFD;  // half a pair
+            }
         }
-        if (code < 0x80) {
-            text += byte;
-        } else if (code < 0x800) {
-            text += static_cast<char>(0xC0U | code >> 6U);
-            text += static_cast<char>(0x80U | (code & 0x3FU));
-        } else {
-            text += static_cast<char>(0xE0U | code >> 12U);
-            text += static_cast<char>(0x80U | (code >> 6U & 0x3FU));
-            text += static_cast<char>(0x80U | (code & 0x3FU));
-        }
+        append(code, text);
+    }
+    return text;
+}
+
+// As UTF-8; `decoded` holds the text where it isn't that already.
+std::string_view asUtf8(std::string_view text, std::string& decoded) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {
+        decoded = fromUtf16(text.substr(2), text[0] == '\xFF' ? 1 : 0);
+        return decoded;
+    }
+    if (text.starts_with("\xEF\xBB\xBF")) {
+        text.remove_prefix(3);
+    }
+    if (!isUtf8(text)) {
+        decoded = fromWindows1252(text);
+        return decoded;
     }
     return text;
 }
@@ -103,13 +150,7 @@ std::string handedOut(std::string_view value) {
 
 Profile Profile::parse(std::string_view text) {
     std::string decoded;
-    if (text.starts_with("\xEF\xBB\xBF")) {
-        text.remove_prefix(3);
-    }
-    if (!isUtf8(text)) {
-        decoded = fromWindows1252(text);
-        text = decoded;
-    }
+    text = asUtf8(text, decoded);
     Profile profile;
     Section* current = nullptr;  // null before the first section and within a repeated one
     while (!text.empty()) {
@@ -122,7 +163,7 @@ Profile Profile::parse(std::string_view text) {
         const std::size_t bracket = line[0] == '[' ? line.rfind(']') : std::string_view::npos;
         if (bracket != std::string_view::npos) {
             const auto [place, added] =
-                profile.sections_.try_emplace(loweredAscii(trimmed(line.substr(1, bracket - 1))));
+                profile.sections_.try_emplace(loweredLatin1(trimmed(line.substr(1, bracket - 1))));
             current = added ? &place->second : nullptr;
             continue;
         }
@@ -131,7 +172,7 @@ Profile Profile::parse(std::string_view text) {
             continue;
         }
         const std::string_view key = trimmed(line.substr(0, equals));
-        const auto [place, added] = current->values.try_emplace(loweredAscii(key));
+        const auto [place, added] = current->values.try_emplace(loweredLatin1(key));
         if (added) {
             place->second = handedOut(line.substr(equals + 1));
             current->order.emplace_back(key);
@@ -150,11 +191,11 @@ Profile Profile::load(const std::filesystem::path& file) {
 }
 
 std::optional<std::string> Profile::find(std::string_view section, std::string_view cle) const {
-    const auto found = sections_.find(loweredAscii(section));
+    const auto found = sections_.find(loweredLatin1(section));
     if (found == sections_.end()) {
         return std::nullopt;
     }
-    const auto value = found->second.values.find(loweredAscii(cle));
+    const auto value = found->second.values.find(loweredLatin1(cle));
     if (value == found->second.values.end()) {
         return std::nullopt;
     }
@@ -162,7 +203,7 @@ std::optional<std::string> Profile::find(std::string_view section, std::string_v
 }
 
 std::vector<std::string> Profile::keys(std::string_view section) const {
-    const auto found = sections_.find(loweredAscii(section));
+    const auto found = sections_.find(loweredLatin1(section));
     return found == sections_.end() ? std::vector<std::string>() : found->second.order;
 }
 

@@ -14,7 +14,7 @@ namespace quillmark {
 class Profile {
   public:
     Profile() = default;
-    // UTF-8, with or without BOM; text that isn't valid UTF-8 is taken as windows-1252.
+    // UTF-8, with or without BOM, or UTF-16 with one; text that is neither is windows-1252.
     static Profile parse(std::string_view text);
     // An absent or unreadable file is an empty profile.
     static Profile load(const std::filesystem::path& file);

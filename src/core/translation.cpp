@@ -1,6 +1,6 @@
 #include "core/translation.h"
 
-#include <algorithm>
+#include <map>
 #include <system_error>
 
 #include "core/ascii.h"
@@ -16,41 +16,56 @@ std::string utf8Name(const fs::path& name) {
     return {text.begin(), text.end()};
 }
 
-std::vector<fs::path> languageFiles(const fs::path& programFolder) {
-    std::vector<fs::path> files;
+struct LanguageFile {
+    std::string name;
+    fs::path path;
+};
+
+// Backslashes too: a settings store may come from another platform.
+bool isLanguageName(std::string_view name) {
+    return !name.empty() && name.find_first_of("/\\") == std::string_view::npos &&
+           name.find("..") == std::string_view::npos;
+}
+
+std::vector<LanguageFile> languageFiles(const fs::path& folder) {
+    std::vector<LanguageFile> files;
     std::error_code failed;
-    fs::directory_iterator entry(programFolder / "Langues", failed);
+    fs::directory_iterator entry(folder / "Langues", failed);
     for (; !failed && entry != fs::directory_iterator(); entry.increment(failed)) {
         std::error_code ignored;
-        if (loweredAscii(utf8Name(entry->path().extension())) == ".lng" &&
+        std::string name = utf8Name(entry->path().stem());
+        if (loweredLatin1(utf8Name(entry->path().extension())) == ".lng" && isLanguageName(name) &&
             entry->is_regular_file(ignored)) {
-            files.push_back(entry->path());
+            files.push_back({std::move(name), entry->path()});
         }
     }
     return files;
 }
 
-// Found by the names in the folder, so that a name out of the settings can't lead elsewhere; the
-// spelling counts first, then the letters without regard to case.
-fs::path languageFile(const fs::path& programFolder, std::string_view nom) {
-    const std::vector<fs::path> files = languageFiles(programFolder);
-    const std::string wanted(nom);
-    auto found = std::find_if(files.begin(), files.end(),
-                              [&](const auto& file) { return utf8Name(file.stem()) == wanted; });
-    if (found == files.end()) {
-        found = std::find_if(files.begin(), files.end(), [&](const auto& file) {
-            return loweredAscii(utf8Name(file.stem())) == loweredAscii(wanted);
-        });
+// Found by the names in the folders, so that a name out of the settings can't lead elsewhere. The
+// first folder counts before the second, and in each the spelling before the letters.
+fs::path languageFile(const std::vector<fs::path>& folders, std::string_view nom) {
+    const std::string wanted = loweredLatin1(nom);
+    for (const fs::path& folder : folders) {
+        fs::path found;
+        for (const LanguageFile& file : languageFiles(folder)) {
+            if (file.name == nom || (found.empty() && loweredLatin1(file.name) == wanted)) {
+                found = file.path;
+            }
+        }
+        if (!found.empty()) {
+            return found;
+        }
     }
-    return found == files.end() ? fs::path() : *found;
+    return {};
 }
 
 }  // namespace
 
 Traduction::Traduction() = default;
 
-Traduction::Traduction(const fs::path& programFolder, std::string_view langue) {
-    const fs::path file = languageFile(programFolder, langue);
+Traduction::Traduction(const std::vector<fs::path>& folders, std::string_view langue) {
+    const fs::path file = languageFile(folders, langue);
     if (!file.empty()) {
         file_ = std::make_shared<const Profile>(Profile::load(file));
     }
@@ -66,16 +81,22 @@ std::string Traduction::Trad(std::string_view section, std::string_view defaut,
     return std::string(defaut);
 }
 
-bool LangueExiste(const fs::path& programFolder, std::string_view nom) {
-    return !languageFile(programFolder, nom).empty();
+bool LangueExiste(const std::vector<fs::path>& folders, std::string_view nom) {
+    return !languageFile(folders, nom).empty();
 }
 
-std::vector<std::string> ListeLangues(const fs::path& programFolder) {
-    std::vector<std::string> names;
-    for (const fs::path& file : languageFiles(programFolder)) {
-        names.push_back(utf8Name(file.stem()));
+std::vector<std::string> ListeLangues(const std::vector<fs::path>& folders) {
+    std::map<std::string, std::string> names;
+    for (const fs::path& folder : folders) {
+        for (LanguageFile& file : languageFiles(folder)) {
+            names.try_emplace(loweredLatin1(file.name), std::move(file.name));
+        }
     }
-    return names;
+    std::vector<std::string> sorted;
+    for (auto& [folded, name] : names) {
+        sorted.push_back(std::move(name));
+    }
+    return sorted;
 }
 
 }  // namespace quillmark

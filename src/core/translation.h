@@ -19,8 +19,9 @@ class Traduction {
   public:
     // Built-in French.
     Traduction();
-    // The language file `Langues/<langue>.lng` under `programFolder`; the defaults without it.
-    Traduction(const std::filesystem::path& programFolder, std::string_view langue);
+    // The language file `Langues/<langue>.lng` under the first of `folders` that has it (see
+    // Folders::dataFolders); the defaults without it. Read once, whatever happens to the file.
+    Traduction(const std::vector<std::filesystem::path>& folders, std::string_view langue);
 
     [[nodiscard]] std::string Trad(std::string_view section, std::string_view defaut,
                                    std::string_view cle) const;
@@ -29,8 +30,11 @@ class Traduction {
     std::shared_ptr<const Profile> file_;
 };
 
-[[nodiscard]] bool LangueExiste(const std::filesystem::path& programFolder, std::string_view nom);
-// Base names of all language files, in the order of the directory.
-[[nodiscard]] std::vector<std::string> ListeLangues(const std::filesystem::path& programFolder);
+// Found without regard to case. A name that could lead out of the folder is never a language.
+[[nodiscard]] bool LangueExiste(const std::vector<std::filesystem::path>& folders,
+                                std::string_view nom);
+// Base names of the language files of all folders, each once, sorted by name.
+[[nodiscard]] std::vector<std::string> ListeLangues(
+    const std::vector<std::filesystem::path>& folders);
 
 }  // namespace quillmark

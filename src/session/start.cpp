@@ -20,7 +20,7 @@ StartFacts prepareStart(Settings& settings, const Folders& folders, bool ownsBac
             missing.push_back(colour);
         }
     }
-    if (!LangueExiste(folders.program, facts.Langue)) {
+    if (!LangueExiste(folders.dataFolders(), facts.Langue)) {
         facts.Langue = kFrancais;
         settings.setText(keys::kLangue, facts.Langue);
     }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/translation.h"
 #include "support/test_files.h"
 
@@ -80,37 +78,65 @@ TEST(Profile, TextThatIsNotUtf8IsWindows1252) {
     }
 }
 
+TEST(Profile, FilesWithAByteOrderMarkAreRead) {
+    const std::string text = "[s]\nk=Été \xF0\x9F\x98\x80 \xEF\xBF\xBD!";
+    // The unit before "!" is half a surrogate pair, and a byte is left over at the end.
+    const std::u16string units = u"[S]\r\nK=\"Été \U0001F600 \xD800!\"\r\n";
+    std::string little = "\xFF\xFE";
+    std::string big = "\xFE\xFF";
+    for (const char16_t unit : units) {
+        const auto high = static_cast<char>(unit >> 8U);
+        const auto low = static_cast<char>(unit);
+        little += {low, high};
+        big += {high, low};
+    }
+    const std::string expected = *Profile::parse(text).find("s", "k");
+    for (const std::string& file : {little, big, little + "x", "\xEF\xBB\xBF" + text}) {
+        EXPECT_EQ(Profile::parse(file).find("s", "k"), expected);
+    }
+}
+
 TEST(Translation, LanguageFilesAreFoundByNameAndFallBackToTheDefault) {
     const TemporaryFolder folder;
-    const auto languages = folder.path() / "Langues";
-    EXPECT_TRUE(ListeLangues(folder.path()).empty());
-    EXPECT_FALSE(LangueExiste(folder.path(), "English"));
-    std::filesystem::create_directories(languages / "folder.lng");
-    writePlain(languages / "English.lng", bytesOf("[Main]\nmnuNouveau=&New\nempty=\n"));
-    writePlain(languages / "Deutsch.LNG", bytesOf("[Main]\nmnuNouveau=Gr\xFC\xDF\n"));
-    writePlain(languages / "notes.txt", bytesOf("[Main]\n"));
-    writePlain(folder.path() / "outside.lng", bytesOf("[Main]\nmnuNouveau=outside\n"));
+    const std::vector<std::filesystem::path> both{folder.path() / "own", folder.path() / "program"};
+    const auto own = both[0] / "Langues";
+    const auto installed = both[1] / "Langues";
+    EXPECT_TRUE(ListeLangues(both).empty());
+    EXPECT_FALSE(LangueExiste(both, "English"));
+    std::filesystem::create_directories(own);
+    std::filesystem::create_directories(installed / "folder.lng");
+    writePlain(installed / "English.lng", bytesOf("[Main]\nmnuNouveau=&New\nempty=\n"));
+    writePlain(installed / "Deutsch.LNG", bytesOf("[Main]\nmnuNouveau=Gr\xFC\xDF\n"));
+    writePlain(installed / "ESPAÑOL.lng", bytesOf("[Main]\nmnuNouveau=Nuevo\n"));
+    writePlain(installed / "notes.txt", bytesOf("[Main]\n"));
+    for (const char* odd : {"../outside.lng", "a..b.lng", "a\\b.lng", ".lng"}) {
+        writePlain(installed / odd, bytesOf("[Main]\nmnuNouveau=outside\n"));
+    }
+    writePlain(own / "deutsch.lng", bytesOf("[Main]\nmnuNouveau=Eigenes\n"));
 
-    auto names = ListeLangues(folder.path());
-    std::sort(names.begin(), names.end());
-    EXPECT_EQ(names, (std::vector<std::string>{"Deutsch", "English"}));
+    EXPECT_EQ(ListeLangues(both), (std::vector<std::string>{"deutsch", "English", "ESPAÑOL"}));
+    EXPECT_EQ(ListeLangues({both[1]}), (std::vector<std::string>{"Deutsch", "English", "ESPAÑOL"}));
 
     const auto word = [&](const char* langue) {
-        return Traduction(folder.path(), langue).Trad("Main", "&Nouveau", "mnuNouveau");
+        return Traduction(both, langue).Trad("Main", "&Nouveau", "mnuNouveau");
     };
     EXPECT_EQ(word("English"), "&New");
     EXPECT_EQ(word("english"), "&New");
-    EXPECT_EQ(word("Deutsch"), "Grüß");
-    for (const char* absent : {"Francais", "", "../outside", "notes"}) {
-        EXPECT_FALSE(LangueExiste(folder.path(), absent)) << absent;
+    EXPECT_EQ(word("español"), "Nuevo");
+    EXPECT_EQ(word("Deutsch"), "Eigenes");
+    EXPECT_EQ(Traduction({both[1]}, "deutsch").Trad("Main", "", "mnuNouveau"), "Grüß");
+    for (const char* absent : {"Francais", "", "../outside", "outside", "a..b", "a\\b", "notes"}) {
+        EXPECT_FALSE(LangueExiste(both, absent)) << absent;
         EXPECT_EQ(word(absent), "&Nouveau") << absent;
     }
-    const Traduction english(folder.path(), "English");
+    const Traduction english(both, "English");
+    std::filesystem::remove(installed / "English.lng");
     EXPECT_EQ(english.Trad("Main", "défaut", "empty"), "");
     EXPECT_EQ(english.Trad("Editer", "défaut", "mnuNouveau"), "défaut");
+    EXPECT_EQ(english.Trad("Main", " blanks ", "absent"), " blanks ");
     EXPECT_EQ(Traduction().Trad("Main", "défaut", "mnuNouveau"), "défaut");
-    EXPECT_EQ(LireProfil("Main", "mnuNouveau", "//", languages / "English.lng"), "&New");
-    EXPECT_EQ(LireProfil("Main", "mnuNouveau", "//", languages / "none.lng"), "//");
+    EXPECT_EQ(LireProfil("Main", "mnuNouveau", "//", own / "deutsch.lng"), "Eigenes");
+    EXPECT_EQ(LireProfil("Main", "mnuNouveau", "//", own / "none.lng"), "//");
 }
 
 }  // namespace
