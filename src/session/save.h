@@ -9,6 +9,7 @@
 #include "core/document.h"
 #include "core/journal.h"
 #include "core/translation.h"
+#include "text/code_pages.h"
 #include "text/generator.h"
 #include "typ/writer.h"
 
@@ -21,6 +22,27 @@ struct SaveOutcome {
     std::filesystem::path file;  // what was written
 };
 
+// --- The parts of a save: questions, then work on values, then what to tell ---
+
+// What stands against writing a TYP file: numbers that are missing or too large are refused, and
+// what the header can't hold is given up or not.
+[[nodiscard]] bool mayWriteTyp(const Document& document, Dialogues& dialogues,
+                               const Traduction& traduction);
+// Asks again and again until the file can be written; false when the user gives up.
+[[nodiscard]] bool waitUntilWritable(const std::filesystem::path& file, Dialogues& dialogues,
+                                     const Traduction& traduction);
+// To be called within a catch block only.
+void tellTypFailure(Dialogues& dialogues, const Traduction& traduction);
+
+// Refused for points without palette while their pixels aren't written.
+[[nodiscard]] bool mayWriteText(const Document& document, const TextSettings& settings,
+                                Dialogues& dialogues, const Traduction& traduction);
+// The bytes of a text file. Throws Failure (13 conversion) for a page that nobody knows.
+[[nodiscard]] EncodedText encodeTextFile(const std::string& text, int codePage);
+void tellTextFailure(Dialogues& dialogues, const Traduction& traduction);
+
+// --- Whole saves, for who has no window to keep alive ---
+
 // Saves as TYP. `AvecDialogue` asks for a name, else `FichierTYP` is written. On success
 // `document` takes the order, offsets and header records of the file, and loses what the user
 // agreed to give up; on anything else it stays as it was.
@@ -31,15 +53,5 @@ SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP
 // answer or a failure, which is told, ends the save.
 [[nodiscard]] std::optional<WrittenTyp> composeTyp(const Document& document, Dialogues& dialogues,
                                                    const Traduction& traduction);
-
-struct TextSaveRequest {
-    std::filesystem::path FichierTYP;
-    bool askForName = true;
-    bool utf8 = false;
-};
-// Saves `text` in the code page of the document or as UTF-8.
-SaveOutcome EnregistrerTxt(const Document& document, const std::string& text,
-                           const TextSettings& settings, const TextSaveRequest& request,
-                           Dialogues& dialogues, const Traduction& traduction);
 
 }  // namespace quillmark

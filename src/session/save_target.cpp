@@ -23,6 +23,8 @@ std::string proposedName(const std::filesystem::path& current) {
     return name;
 }
 
+}  // namespace
+
 bool mayReplace(const std::filesystem::path& file, Dialogues& dialogues,
                 const Traduction& traduction) {
     std::error_code ignored;
@@ -35,11 +37,9 @@ bool mayReplace(const std::filesystem::path& file, Dialogues& dialogues,
         traduction.Trad("Main", "existe déjà", "msgFichierExiste2") + "\r\n" +
         traduction.Trad("Main", "Voulez vous le remplacer?", "msgFichierExiste3");
     return dialogues.AfficheMessage(
-               message, MessageStyle::yesNo,
+               message, MessageStyle::yesNo | MessageStyle::warning,
                traduction.Trad("Main", "Ecraser le fichier ?", "msgFichierExiste4")) == Answer::yes;
 }
-
-}  // namespace
 
 std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
                                                       const FileFilter& filter,

@@ -16,6 +16,10 @@ namespace quillmark {
     const std::string& titre, const FileFilter& filter, const std::filesystem::path& current,
     Dialogues& dialogues, const Traduction& traduction);
 
+// True for a name that is free, or whose file the user lets go.
+[[nodiscard]] bool mayReplace(const std::filesystem::path& file, Dialogues& dialogues,
+                              const Traduction& traduction);
+
 [[nodiscard]] FileFilter typFilter(const Traduction& traduction);
 [[nodiscard]] FileFilter textFilter(const Traduction& traduction);
 

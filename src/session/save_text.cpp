@@ -1,9 +1,6 @@
 #include <algorithm>
 
-#include "core/files.h"
 #include "session/save.h"
-#include "session/save_target.h"
-#include "text/code_pages.h"
 
 namespace quillmark {
 namespace {
@@ -26,49 +23,36 @@ void refuseTrueColours(Dialogues& dialogues, const Traduction& traduction) {
                             "msgAppliquerModif2") +
             "\r\n" +
             traduction.Trad("Main", "dans le menu \"Préférences\". ", "msgAppliquerModif3"),
-        MessageStyle::ok, {});
+        MessageStyle::ok | MessageStyle::warning, {});
 }
 
-void tellFailure(Dialogues& dialogues, const Traduction& traduction) {
+}  // namespace
+
+bool mayWriteText(const Document& document, const TextSettings& settings, Dialogues& dialogues,
+                  const Traduction& traduction) {
+    if (settings.EcrireTrueColors || !hasTrueColours(document)) {
+        return true;
+    }
+    refuseTrueColours(dialogues, traduction);
+    return false;
+}
+
+EncodedText encodeTextFile(const std::string& text, int codePage) {
+    EncodedText encoded = textToBytes(text, codePage);
+    if (encoded.bytes.empty() && !text.empty()) {
+        throw Failure(ErrorNumber::conversion, "page de code " + std::to_string(codePage));
+    }
+    return encoded;
+}
+
+void tellTextFailure(Dialogues& dialogues, const Traduction& traduction) {
     dialogues.AfficheMessage(
         traduction.Trad("MsgBox", "Impossible d'enregistrer le fichier.", "MsgBoxErreur1") +
             "\r\n" +
             traduction.Trad("MsgBox", "Vérifier qu'il n'a pas l'attribut \"Ecriture Seule\".",
                             "MsgBoxErreur5"),
-        MessageStyle::ok, traduction.Trad("MsgBox", "Erreur", "MsgBoxErreurTitre"));
-}
-
-}  // namespace
-
-SaveOutcome EnregistrerTxt(const Document& document, const std::string& text,
-                           const TextSettings& settings, const TextSaveRequest& request,
-                           Dialogues& dialogues, const Traduction& traduction) {
-    if (!settings.EcrireTrueColors && hasTrueColours(document)) {
-        refuseTrueColours(dialogues, traduction);
-        return {};
-    }
-    std::filesystem::path file = request.FichierTYP;
-    if (request.askForName || file.empty()) {
-        const auto chosen =
-            chooseSaveTarget(traduction.Trad("Main", "Enregistrer sous", "dlgEnr"),
-                             textFilter(traduction), request.FichierTYP, dialogues, traduction);
-        if (!chosen) {
-            return {};
-        }
-        file = *chosen;
-    }
-    const int codePage = request.utf8 ? kUtf8 : document.CodePage;
-    try {
-        const EncodedText encoded = textToBytes(text, codePage);
-        if (encoded.bytes.empty() && !text.empty()) {
-            throw Failure(ErrorNumber::conversion, "page de code " + std::to_string(codePage));
-        }
-        replaceFile(file, encoded.bytes);
-    } catch (const Failure&) {
-        tellFailure(dialogues, traduction);
-        return {SaveStatus::failed, file};
-    }
-    return {SaveStatus::saved, file};
+        MessageStyle::ok | MessageStyle::critical,
+        traduction.Trad("MsgBox", "Erreur", "MsgBoxErreurTitre"));
 }
 
 }  // namespace quillmark

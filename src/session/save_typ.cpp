@@ -1,3 +1,5 @@
+#include <charconv>
+
 #include "core/files.h"
 #include "session/save.h"
 #include "session/save_target.h"
@@ -10,21 +12,64 @@ constexpr const char* kProduct = "Quillmark";
 
 // Header sizes, in bytes, from which on these are held.
 constexpr std::int32_t kHoldsExtraPoi = 110;
+constexpr std::int32_t kHoldsLabels = 156;
+constexpr std::int32_t kHoldsBlock = 164;
 constexpr std::int32_t kHoldsActiveRouting = 174;
 
+constexpr int kLargestHeaderNumber = 65535;
+
 void refuse(const std::string& message, const std::string& titre, Dialogues& dialogues) {
-    dialogues.AfficheMessage(message, MessageStyle::ok, titre);
+    dialogues.AfficheMessage(message, MessageStyle::ok | MessageStyle::warning, titre);
 }
 
 bool giveUp(const std::string& what, const std::string& remedy, const std::string& question,
             Dialogues& dialogues) {
     const std::string end = std::string(".") + kLineBreak;
     return dialogues.AfficheMessage(what + end + remedy + end + kLineBreak + question + " ?",
-                                    MessageStyle::yesNo, kProduct) == Answer::yes;
+                                    MessageStyle::yesNo | MessageStyle::warning,
+                                    kProduct) == Answer::yes;
 }
 
-// True when nothing stands against saving, and the user gives up what the header can't hold.
-bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction& traduction) {
+bool isHeaderNumber(const std::string& text) {
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() && value >= 0 &&
+           value <= kLargestHeaderNumber;
+}
+
+bool mayLoseLabels(const Document& document, Dialogues& dialogues, const Traduction& traduction) {
+    const bool labels = !document.LabelsStrings.empty() || !document.LabelsTableA.empty() ||
+                        !document.LabelsTableB.empty();
+    if (labels && document.TailleEntete < kHoldsLabels &&
+        !giveUp(traduction.Trad("Main", "Le fichier typ contient des labels spéciaux",
+                                "msgLabelsPerdus1"),
+                traduction.Trad("Main",
+                                "Pour ne pas les perdre, l'entête du fichier doit être réglé sur "
+                                "au moins 156 octets",
+                                "msgLabelsPerdus2"),
+                traduction.Trad("Main",
+                                "Voulez-vous continuer   (les labels spéciaux seront absents du "
+                                "fichier)",
+                                "msgLabelsPerdus3"),
+                dialogues)) {
+        return false;
+    }
+    return document.BlocBrut.empty() || document.TailleEntete >= kHoldsBlock ||
+           giveUp(
+               traduction.Trad("Main", "Le fichier typ contient un bloc de données inconnues",
+                               "msgBlocPerdu1"),
+               traduction.Trad("Main",
+                               "Pour ne pas le perdre, l'entête du fichier doit être réglé sur "
+                               "au moins 164 octets",
+                               "msgBlocPerdu2"),
+               traduction.Trad("Main", "Voulez-vous continuer   (le bloc sera absent du fichier)",
+                               "msgBlocPerdu3"),
+               dialogues);
+}
+
+}  // namespace
+
+bool mayWriteTyp(const Document& document, Dialogues& dialogues, const Traduction& traduction) {
     if (document.FID.empty()) {
         refuse(traduction.Trad("Main", "Il faut indiquer le FID.", "msgFID1"),
                traduction.Trad("Main", "FID absent", "msgFID2"), dialogues);
@@ -33,6 +78,12 @@ bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction
     if (document.ProductCode.empty()) {
         refuse(traduction.Trad("Main", "Il faut indiquer le Product Code.", "msgPID1"),
                traduction.Trad("Main", "Product Code absent", "msgPID2"), dialogues);
+        return false;
+    }
+    if (!isHeaderNumber(document.FID) || !isHeaderNumber(document.ProductCode)) {
+        refuse(traduction.Trad("Main", "Il faut rentrer un entier compris entre 1 et 65535",
+                               "msgErreurEntier"),
+               traduction.Trad("Main", "Erreur de saisie", "msgErreurSaisie"), dialogues);
         return false;
     }
     if (document.TailleEntete < kHoldsActiveRouting && document.NbPolylinesAR() > 0 &&
@@ -48,30 +99,31 @@ bool mayCompose(const Document& document, Dialogues& dialogues, const Traduction
                 dialogues)) {
         return false;
     }
-    return document.TailleEntete >= kHoldsExtraPoi || document.ExtraPOI.empty() ||
-           giveUp(traduction.Trad("Main", "Le fichier typ contient des Extra POI", "msgExtraPOI1"),
-                  traduction.Trad(
-                      "Main",
-                      "Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
-                      "110 octets",
-                      "msgExtraPOI2"),
-                  traduction.Trad("Main", "Voulez-vous continuer   (les Extra POI seront perdus)",
-                                  "msgExtraPOI3"),
-                  dialogues);
+    if (document.TailleEntete < kHoldsExtraPoi && !document.ExtraPOI.empty() &&
+        !giveUp(traduction.Trad("Main", "Le fichier typ contient des Extra POI", "msgExtraPOI1"),
+                traduction.Trad(
+                    "Main",
+                    "Pour ne pas les perdre, l'entête du fichier doit être réglé sur au moins "
+                    "110 octets",
+                    "msgExtraPOI2"),
+                traduction.Trad("Main", "Voulez-vous continuer   (les Extra POI seront perdus)",
+                                "msgExtraPOI3"),
+                dialogues)) {
+        return false;
+    }
+    return mayLoseLabels(document, dialogues, traduction);
 }
 
-// To be called within a catch block only.
-void tellFailure(Dialogues& dialogues, const Traduction& traduction) {
+void tellTypFailure(Dialogues& dialogues, const Traduction& traduction) {
     const ErrorFacts failure = currentErrorFacts();
     dialogues.AfficheMessage(
         traduction.Trad("Main", "Il y a eu une erreur lors de la création du fichier.",
                         "msgErreurCreation") +
             kLineBreak + traduction.Trad("Main", "Erreur numéro", "msgErreurNumero") + ' ' +
             std::to_string(static_cast<int>(failure.number)) + ' ' + failure.description,
-        MessageStyle::ok, {});
+        MessageStyle::ok | MessageStyle::critical, {});
 }
 
-// Asks again and again until the file can be written; false when the user gives up.
 bool waitUntilWritable(const std::filesystem::path& file, Dialogues& dialogues,
                        const Traduction& traduction) {
     while (!isWritable(file)) {
@@ -95,24 +147,22 @@ bool waitUntilWritable(const std::filesystem::path& file, Dialogues& dialogues,
     return true;
 }
 
-}  // namespace
-
 std::optional<WrittenTyp> composeTyp(const Document& document, Dialogues& dialogues,
                                      const Traduction& traduction) {
-    if (!mayCompose(document, dialogues, traduction)) {
+    if (!mayWriteTyp(document, dialogues, traduction)) {
         return std::nullopt;
     }
     try {
         return CreerTYP(document, currentDateTime());
     } catch (const std::exception&) {
-        tellFailure(dialogues, traduction);
+        tellTypFailure(dialogues, traduction);
         return std::nullopt;
     }
 }
 
 SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP, bool AvecDialogue,
                      Dialogues& dialogues, const Traduction& traduction) {
-    if (!mayCompose(document, dialogues, traduction)) {
+    if (!mayWriteTyp(document, dialogues, traduction)) {
         return {};
     }
     std::filesystem::path file = FichierTYP;
@@ -133,7 +183,7 @@ SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP
         replaceFile(file, written.file);
         document = std::move(written.document);
     } catch (const std::exception&) {
-        tellFailure(dialogues, traduction);
+        tellTypFailure(dialogues, traduction);
         return {SaveStatus::failed, file};
     }
     return {SaveStatus::saved, file};

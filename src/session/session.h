@@ -5,6 +5,7 @@
 // While a command is under way `busy()` is true and other commands do nothing.
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -36,6 +37,8 @@ struct SessionServices {
     const Traduction& traduction;           // its content changes with the language
     std::function<const Profile&()> types;  // `MPCTypes.txt`, read when first asked for
     TextBackups& backups;
+    // Where backups are written; empty while another process owns the file.
+    std::filesystem::path backupFile = {};
 };
 
 // What stands beside the content of the document.
@@ -149,6 +152,73 @@ class Session {
     void backUpNow();
 
   private:
+    struct Running;
+    struct Loaded;
+    // How an Apply ended.
+    struct Applied {
+        bool done = false;        // false: refused, cancelled or failed; nothing changed
+        std::size_t entries = 0;  // of the journal
+    };
+    // What a save has to know of the file it began with.
+    struct FileStamp {
+        std::uintmax_t size = 0;
+        std::filesystem::file_time_type time;
+        bool operator==(const FileStamp&) const = default;
+    };
+
+    // Commands: `body` calls what it is given exactly once, at its end.
+    void command(Then then, const std::function<void(Then)>& body);
+    // Runs `work` as a task; `done` gets its result, or nothing when it was cancelled. A failure
+    // goes to `failed`, which is called within a catch block.
+    template <typename Result>
+    void inBackground(std::string label, std::function<Result(Progress&)> work,
+                      std::function<void(std::optional<Result>)> done,
+                      std::function<void()> failed);
+
+    void chooseAndOpen(bool text, TextFileEncoding encoding, const Then& then);
+    void open(const std::filesystem::path& file, TextFileEncoding encoding, const Then& then);
+    void load(const std::filesystem::path& file, TextFileEncoding encoding, const Then& then);
+    void put(Loaded loaded, const std::filesystem::path& file);
+    void tellMissing(const std::filesystem::path& file);
+    // A fresh document; only the code page is kept.
+    void wipe();
+    void askToSave(const Then& then);
+
+    void saveOwn(const Then& then);
+    void saveTyp(bool AvecDialogue, const Then& then);
+    void saveText(bool askForName, bool utf8, const Then& then);
+    // Header fields and edits of the view come first in every save.
+    void beforeSave(const Then& then);
+    [[nodiscard]] bool mayLose(const std::filesystem::path& file);
+    void writeTyp(const std::filesystem::path& file, const Then& then);
+    void writeText(const std::filesystem::path& file, const std::string& text, bool utf8,
+                   const Then& then);
+    void afterSave(const std::filesystem::path& file, std::size_t size);
+    [[nodiscard]] bool changedOnDisk(const std::filesystem::path& file) const;
+    [[nodiscard]] static std::optional<FileStamp> stampOf(const std::filesystem::path& file);
+
+    bool commit(const Change& change, const std::function<void(Document&)>& edit,
+                const std::string& merge);
+    // `ready`: the text of the whole document as it stands, where somebody made it already.
+    void tellChange(const Change& change, std::optional<GeneratedText> ready = std::nullopt);
+    void step(bool back);
+
+    void settle(const Then& then);
+    void dropEdits();
+    void apply(const std::function<void(const Applied&)>& then);
+    struct Parsed;
+    void putApplied(Applied& applied, Parsed parsed);
+    [[nodiscard]] GeneratedText generate(const Document& document, const TextView& view) const;
+    [[nodiscard]] std::optional<SourceComments> sourceComments() const;
+    [[nodiscard]] GeneratorContext generatorContext() const;
+    void showText(GeneratedText generated);
+    void markSection(const ObjectRef& object);
+
+    struct BackupJob;
+    [[nodiscard]] BackupJob backupJob() const;
+    [[nodiscard]] static std::string textOf(BackupJob& job);
+    [[nodiscard]] bool writesBackups() const;
+
     Document& document_;
     SessionServices services_;
     TextPane* pane_ = nullptr;
@@ -158,7 +228,16 @@ class Session {
     RecentFiles recent_;
     Journal openJournal_;
     Journal applyJournal_;
+    std::optional<FileStamp> stamp_;
+    bool replaceEdits_ = false;          // the edits in the view are in the document by now
+    bool keepOriginal_ = false;          // a damaged file's own save leaves the original beside it
+    std::array<bool, 2> headerTyped_{};  // by HeaderField: typed since it was last accepted
+    // The text of the whole document as it stands, made ahead; gone with the next change.
+    std::optional<GeneratedText> ready_;
     bool busy_ = false;
 };
+
+// What may be typed in a header field: its digits, five at most.
+[[nodiscard]] std::string headerDigits(const std::string& text);
 
 }  // namespace quillmark

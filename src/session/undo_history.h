@@ -52,6 +52,8 @@ class UndoHistory {
         std::uint64_t position = 0;  // of the state that `step` holds
     };
     void bound();
+    std::optional<ObjectRef> exchange(std::deque<Kept>& from, std::deque<Kept>& to,
+                                      Document& document);
 
     std::deque<Kept> undo_;
     std::deque<Kept> redo_;

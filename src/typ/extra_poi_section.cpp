@@ -203,8 +203,8 @@ void readExtraPoiMembers(ReadContext& context, Document& document) {
     MemberReader(context, data, document).run();
 }
 
-void sortGroups(std::vector<ExtraPOI>& groups) {
-    sortByKey(groups, [](const ExtraPOI& group) { return std::int64_t{group.BrandID}; });
+std::vector<int> sortGroups(std::vector<ExtraPOI>& groups) {
+    return sortByKey(groups, [](const ExtraPOI& group) { return std::int64_t{group.BrandID}; });
 }
 
 EnteteExtraPOI writeExtraPoi(ByteWriter& writer, std::vector<ExtraPOI>& groups,

@@ -17,7 +17,8 @@ namespace quillmark {
 // Fills the groups; sets `MaxDimensionExtraPOI`.
 void readExtraPoiMembers(ReadContext& context, Document& document);
 
-void sortGroups(std::vector<ExtraPOI>& groups);
+// The same result as `sortByKey`.
+std::vector<int> sortGroups(std::vector<ExtraPOI>& groups);
 // Writes data and index, sets offsets and lengths, and returns the header part. Without groups
 // `old` keeps its flags. Throws Failure (6) for more than 255 members and for too much data.
 [[nodiscard]] EnteteExtraPOI writeExtraPoi(ByteWriter& writer, std::vector<ExtraPOI>& groups,

@@ -71,8 +71,8 @@ void sortPolylineIndex(std::vector<IndexEntry>& index) {
               [](const IndexEntry& entry) { return orderKey(entry.activity, entry.identity); });
 }
 
-void sortLikeReader(std::vector<Polyline>& polylines) {
-    sortByKey(polylines, [](const Polyline& line) {
+std::vector<int> sortLikeReader(std::vector<Polyline>& polylines) {
+    return sortByKey(polylines, [](const Polyline& line) {
         return orderKey(line.ActiveRouting, identityValue(line.Type, line.SubType) & 0xFFFF);
     });
 }

@@ -11,7 +11,8 @@ namespace quillmark {
 // Puts the entries of both indexes in the order of the document: by activity, then by type.
 void sortPolylineIndex(std::vector<IndexEntry>& index);
 // The same order for lines.
-void sortLikeReader(std::vector<Polyline>& polylines);
+// The same result as `sortByKey`.
+std::vector<int> sortLikeReader(std::vector<Polyline>& polylines);
 
 // One line an entry, in the order of the index.
 void readPolylines(ReadContext& context, const SectionPlace& section,

@@ -65,15 +65,15 @@ void dropUnheld(Document& document, std::size_t understood) {
 }
 
 template <typename Record>
-void sortByIdentity(std::vector<Record>& records) {
-    sortByKey(records, [](const Record& record) {
+std::vector<int> sortByIdentity(std::vector<Record>& records) {
+    return sortByKey(records, [](const Record& record) {
         return std::int64_t{identityValue(record.Type, record.SubType)};
     });
 }
 
 // Within one type Active Routing lines come first, by activity, then ordinary ones.
-void sortForFile(std::vector<Polyline>& polylines) {
-    sortByKey(polylines, [](const Polyline& line) {
+std::vector<int> sortForFile(std::vector<Polyline>& polylines) {
+    return sortByKey(polylines, [](const Polyline& line) {
         const std::int64_t identity = identityValue(line.Type, line.SubType) & 0xFFFF;
         const int activity = line.ActiveRouting[0] << 8 | line.ActiveRouting[1];
         return identity << 32 | (activity == 0 ? 0x10000 : activity);
@@ -133,6 +133,47 @@ void fillHeader(Document& document, const DateTime& now) {
     header.ProductCode = headerNumber(document.ProductCode);
 }
 
+std::size_t indexOf(ObjectKind kind) {
+    return static_cast<std::size_t>(kind);
+}
+
+// Old indexes of the lines that stay; empty when all do.
+std::vector<int> heldLines(const Document& document, std::size_t understood) {
+    std::vector<int> held;
+    if (understood >= kActiveRoutingHeaderEnd || document.NbPolylinesAR() == 0) {
+        return held;
+    }
+    for (std::size_t i = 0; i < document.Polyline.size(); ++i) {
+        if (!document.Polyline[i].isActiveRouting()) {
+            held.push_back(static_cast<int>(i));
+        }
+    }
+    return held;
+}
+
+// Old indexes by place after two changes of order; an empty one changed nothing.
+std::vector<int> chained(const std::vector<int>& first, std::vector<int> second) {
+    if (first.empty()) {
+        return second;
+    }
+    if (second.empty()) {
+        return first;
+    }
+    for (int& index : second) {
+        index = first[static_cast<std::size_t>(index)];
+    }
+    return second;
+}
+
+// New indexes by old index, -1 for what is gone; `oldCount` is needed where something is.
+std::vector<int> inverse(const std::vector<int>& oldIndex, std::size_t oldCount = 0) {
+    std::vector<int> newIndex(oldIndex.empty() ? 0 : std::max(oldCount, oldIndex.size()), -1);
+    for (std::size_t place = 0; place < oldIndex.size(); ++place) {
+        newIndex[static_cast<std::size_t>(oldIndex[place])] = static_cast<int>(place);
+    }
+    return newIndex;
+}
+
 }  // namespace
 
 WrittenTyp CreerTYP(Document document, const DateTime& now) {
@@ -140,12 +181,15 @@ WrittenTyp CreerTYP(Document document, const DateTime& now) {
     const std::size_t understood = understoodHeaderSize(headerSize);
     document.TailleEntete = static_cast<std::int32_t>(headerSize);
     fillHeader(document, now);
+    const std::size_t lineCount = document.Polyline.size();
+    const std::vector<int> kept = heldLines(document, understood);
     dropUnheld(document, understood);
     checkCounts(document);
-    sortByIdentity(document.Polygone);
-    sortForFile(document.Polyline);
-    sortByIdentity(document.POI);
-    sortGroups(document.ExtraPOI);
+    Reordering order;
+    order.newIndex[indexOf(ObjectKind::Polygone)] = inverse(sortByIdentity(document.Polygone));
+    std::vector<int> lines = chained(kept, sortForFile(document.Polyline));
+    order.newIndex[indexOf(ObjectKind::POI)] = inverse(sortByIdentity(document.POI));
+    order.newIndex[indexOf(ObjectKind::ExtraPOI)] = inverse(sortGroups(document.ExtraPOI));
 
     ByteWriter writer;
     writer.reserve(expectedSize(document));
@@ -154,10 +198,11 @@ WrittenTyp CreerTYP(Document document, const DateTime& now) {
     if (writer.position() > kMaxFileSize) {
         throw Failure(ErrorNumber::overflow, "fichier de plus de 2 Go");
     }
-    sortLikeReader(document.Polyline);
+    lines = chained(lines, sortLikeReader(document.Polyline));
+    order.newIndex[indexOf(ObjectKind::Polyline)] = inverse(lines, lineCount);
     document.EnteteInconnu.resize(std::max(document.EnteteInconnu.size(), headerSize - understood));
     writer.overwrite(0, encodeHeader(document));
-    return {writer.release(), std::move(document)};
+    return {writer.release(), std::move(document), std::move(order)};
 }
 
 int smallestHeader(const Document& document) {

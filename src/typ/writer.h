@@ -7,6 +7,7 @@
 #include "core/bytes.h"
 #include "core/clock.h"
 #include "core/document.h"
+#include "core/object_ref.h"
 
 namespace quillmark {
 
@@ -14,6 +15,9 @@ struct WrittenTyp {
     Bytes file;
     // The document in the order and with the offsets and header records of the file.
     Document document;
+    // Where the objects went from where they stood in the document given. Those left out for want
+    // of a header that holds them have no new index.
+    Reordering order;
 };
 
 // Throws Failure (6 overflow) when an object or a section doesn't fit the format; nothing is

@@ -1,0 +1,105 @@
+#include "session/session.h"
+
+#include <algorithm>
+
+#include "core/paths.h"
+#include "session/session_running.h"
+
+namespace quillmark {
+
+std::string SessionFacts::NomFichier() const {
+    return utf8FromPath(FichierTYP.filename());
+}
+
+std::string SessionFacts::DossierFichier() const {
+    return utf8FromPath(FichierTYP.parent_path());
+}
+
+Session::Session(Document& document, SessionServices services)
+    : document_(document), services_(std::move(services)), recent_(services_.settings.store()) {}
+
+Session::~Session() = default;
+
+void Session::setTextPane(TextPane* pane) {
+    pane_ = pane;
+    view_.stale = true;
+    if (pane_ != nullptr) {
+        pane_->setEditable(facts_.hasDocument);
+        refreshText();
+    }
+}
+
+bool Session::textEdited() const {
+    return pane_ != nullptr && facts_.hasDocument && pane_->isEdited();
+}
+
+bool Session::showsModified() const {
+    return facts_.hasDocument && (!undo_.isSaved() || textEdited() || facts_.incompleteText);
+}
+
+bool Session::changed() const {
+    return facts_.hasDocument && (facts_.isNew || showsModified());
+}
+
+Journal Session::journal() const {
+    Journal all = openJournal_;
+    all.append(applyJournal_);
+    return all;
+}
+
+void Session::command(Then then, const std::function<void(Then)>& body) {
+    if (busy_) {
+        if (then) {
+            then(false);
+        }
+        return;
+    }
+    auto running = std::make_shared<Running>(*this);
+    factsChanged();
+    body([running, then = std::move(then)](bool done) {
+        running->release();
+        if (then) {
+            then(done);
+        }
+    });
+}
+
+void Session::tellChange(const Change& change, std::optional<GeneratedText> ready) {
+    view_.stale = true;
+    ready_ = std::move(ready);
+    switch (change.what) {
+        case Change::What::replaced:
+            view_.shown = {};
+            break;
+        case Change::What::reordered:
+            if (change.reordering) {
+                view_.shown = change.reordering->follow(view_.shown);
+            }
+            break;
+        case Change::What::added:
+            if (view_.shown.kind == change.object.kind &&
+                view_.shown.index >= change.object.index) {
+                ++view_.shown.index;
+            }
+            break;
+        case Change::What::removed:
+            if (view_.shown.kind == change.object.kind) {
+                if (view_.shown.index == change.object.index) {
+                    view_.shown = change.select;
+                } else if (view_.shown.index > change.object.index) {
+                    --view_.shown.index;
+                }
+            }
+            break;
+        default:
+            break;
+    }
+    if (!exists(document_, view_.shown)) {
+        view_.shown = {view_.shown.kind, -1, 0};
+    }
+    documentChanged(change);
+    refreshText();
+    factsChanged();
+}
+
+}  // namespace quillmark

@@ -1,0 +1,98 @@
+// Earlier texts of the document, kept behind.
+#include "core/errors.h"
+#include "session/session.h"
+#include "session/session_running.h"
+
+namespace quillmark {
+
+// What is to be backed up, as values that another thread may work on.
+struct Session::BackupJob {
+    Document document;
+    std::optional<std::string> text;  // the view's own, when it shows the whole document
+    std::optional<SourceComments> comments;
+    GeneratorContext context;
+    Traduction traduction;
+};
+
+Session::BackupJob Session::backupJob() const {
+    BackupJob job{{}, std::nullopt, sourceComments(), generatorContext(), services_.traduction};
+    if (pane_ != nullptr && view_.wholeDocument && pane_->isShown() &&
+        (textEdited() || !view_.stale)) {
+        job.text = pane_->text();
+    } else {
+        job.document = document_;
+    }
+    return job;
+}
+
+std::string Session::textOf(BackupJob& job) {
+    if (job.text) {
+        return std::move(*job.text);
+    }
+    job.context.traduction = &job.traduction;
+    return genererTexte(job.document, job.context, job.comments ? &*job.comments : nullptr).text;
+}
+
+bool Session::writesBackups() const {
+    return !services_.backupFile.empty() && services_.settings.boolean(keys::kSauvegardeAuto);
+}
+
+void Session::sauvegardertexte() {
+    if (!facts_.hasDocument) {
+        return;
+    }
+    struct Work {
+        BackupJob job;
+        std::string text;
+        TextBackups::Prepared prepared;
+    };
+    auto work = std::make_shared<Work>(Work{backupJob(), {}, {}});
+    const std::string name = facts_.NomFichier();
+    services_.tasks.runBehind(
+        [work] {
+            work->text = textOf(work->job);
+            work->prepared = TextBackups::prepare(work->text);
+        },
+        [this, work, name](const std::exception_ptr& failure) {
+            if (failure || services_.backups.isNewest(work->prepared)) {
+                return;
+            }
+            const std::size_t number = services_.backups.add(std::move(work->prepared));
+            if (!writesBackups()) {
+                return;
+            }
+            const std::string block =
+                backupBlock(name, services_.traduction.Trad("Main", "Sauvegarde n°", "Sauvegarde"),
+                            number, work->text);
+            services_.tasks.runBehind(
+                [file = services_.backupFile, block] { appendBackup(file, block); },
+                [this](const std::exception_ptr& unwritten) {
+                    if (unwritten) {
+                        told(services_.traduction.Trad(
+                            "Main", "La sauvegarde automatique n'a pas pu être écrite.",
+                            "msgSauvegardeImpossible"));
+                    }
+                });
+        });
+}
+
+void Session::backUpNow() {
+    if (!changed()) {
+        return;
+    }
+    BackupJob job = backupJob();
+    const std::string text = textOf(job);
+    TextBackups::Prepared prepared = TextBackups::prepare(text);
+    if (services_.backups.isNewest(prepared)) {
+        return;
+    }
+    const std::size_t number = services_.backups.add(std::move(prepared));
+    if (writesBackups()) {
+        appendBackup(services_.backupFile,
+                     backupBlock(facts_.NomFichier(),
+                                 services_.traduction.Trad("Main", "Sauvegarde n°", "Sauvegarde"),
+                                 number, text));
+    }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,301 @@
+// Edits of the document, and undoing them.
+#include <algorithm>
+#include <charconv>
+
+#include "session/session.h"
+#include "session/session_running.h"
+#include "text/labels.h"
+
+namespace quillmark {
+namespace {
+
+constexpr std::size_t kMostHeaderDigits = 5;
+constexpr int kLargestHeaderNumber = 65535;
+
+const char* mergeName(HeaderField field) {
+    return field == HeaderField::FID ? "FID" : "ProductCode";
+}
+
+std::string& headerText(Document& document, HeaderField field) {
+    return field == HeaderField::FID ? document.FID : document.ProductCode;
+}
+
+bool isAllowed(const std::string& text) {
+    if (text.empty()) {
+        return true;
+    }
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size() && value >= 1 &&
+           value <= kLargestHeaderNumber;
+}
+
+template <typename Record>
+void eraseAt(std::vector<Record>& records, int index) {
+    records.erase(records.begin() + index);
+}
+
+void erase(Document& document, const ObjectRef& object) {
+    switch (object.kind) {
+        case ObjectKind::Polygone:
+            eraseAt(document.Polygone, object.index);
+            break;
+        case ObjectKind::Polyline:
+            eraseAt(document.Polyline, object.index);
+            break;
+        case ObjectKind::POI:
+            eraseAt(document.POI, object.index);
+            break;
+        case ObjectKind::ExtraPOI:
+            eraseAt(document.ExtraPOI, object.index);
+            break;
+        case ObjectKind::none:
+            break;
+    }
+}
+
+struct ObjectWords {
+    std::string kind;      // "le polygone"
+    std::string identity;  // " Type:0x10f  SubType:0x04"
+};
+
+template <typename Record>
+std::string identityWords(const Record& record) {
+    return " Type:0x" + record.Type + "  SubType:0x" + record.SubType;
+}
+
+ObjectWords wordsOf(const Document& document, const ObjectRef& object, const Traduction& t) {
+    const auto index = static_cast<std::size_t>(object.index);
+    switch (object.kind) {
+        case ObjectKind::Polygone:
+            return {t.Trad("Main", "le polygone", "msgpolygone"),
+                    identityWords(document.Polygone[index])};
+        case ObjectKind::Polyline:
+            return {t.Trad("Main", "la polyligne", "msgpolyligne"),
+                    identityWords(document.Polyline[index])};
+        case ObjectKind::POI:
+            return {t.Trad("Main", "le POI", "msgPOI"), identityWords(document.POI[index])};
+        default:
+            return {t.Trad("Main", "l'Extra POI", "msgGroupeExtraPOI"),
+                    " Brand ID: " + std::to_string(static_cast<std::uint32_t>(
+                                        document.ExtraPOI[index].BrandID))};
+    }
+}
+
+// Labels that would read differently in another code page.
+std::size_t differentLabels(const Document& document, int from, int to) {
+    std::size_t different = 0;
+    const auto count = [&](const Bytes& Strings) {
+        for (const RawLabel& label : splitStrings(Strings)) {
+            different += bytesToText(label.text, from) != bytesToText(label.text, to) ? 1U : 0U;
+        }
+    };
+    for (const Polygone& polygon : document.Polygone) {
+        count(polygon.Strings);
+    }
+    for (const Polyline& line : document.Polyline) {
+        count(line.Strings);
+    }
+    for (const POI& poi : document.POI) {
+        count(poi.Strings);
+    }
+    for (const ExtraPOI& group : document.ExtraPOI) {
+        for (const POI& poi : group.POI) {
+            count(poi.Strings);
+        }
+    }
+    return different;
+}
+
+}  // namespace
+
+std::string headerDigits(const std::string& text) {
+    std::string digits;
+    for (const char c : text) {
+        if (c >= '0' && c <= '9' && digits.size() < kMostHeaderDigits) {
+            digits += c;
+        }
+    }
+    return digits;
+}
+
+bool Session::commit(const Change& change, const std::function<void(Document&)>& edit,
+                     const std::string& merge) {
+    Document edited = document_;
+    edit(edited);
+    if (edited == document_) {
+        return false;
+    }
+    const ObjectRef object = change.object.kind != ObjectKind::none ? change.object : change.select;
+    if (undo_.merges(merge)) {
+        undo_.record(document_, object, merge);
+        document_ = std::move(edited);
+    } else {
+        std::swap(document_, edited);
+        undo_.record(std::move(edited), object, merge);
+    }
+    tellChange(change);
+    sauvegardertexte();
+    return true;
+}
+
+void Session::edit(const Change& change, const std::function<void(Document&)>& edit,
+                   const std::string& merge) {
+    if (!facts_.hasDocument) {
+        return;
+    }
+    command({}, [this, change, edit, merge](const Then& end) {
+        settle([this, change, edit, merge, end](bool settled) {
+            const bool done = settled && commit(change, edit, merge);
+            if (!done) {
+                // Whoever showed the new value already shows the old one again.
+                factsChanged();
+            }
+            end(done);
+        });
+    });
+}
+
+void Session::deleteObject(const ObjectRef& object, Then then) {
+    if (!exists(document_, object)) {
+        if (then) {
+            then(false);
+        }
+        return;
+    }
+    command(std::move(then), [this, object](const Then& end) {
+        settle([this, object, end](bool settled) {
+            if (!settled || !exists(document_, object)) {
+                end(false);
+                return;
+            }
+            const Traduction& t = services_.traduction;
+            const ObjectWords words = wordsOf(document_, object, t);
+            const Answer answer = services_.dialogues.AfficheMessage(
+                t.Trad("Main", "Voulez-vous réellement supprimer", "msgSupprimer") + ' ' +
+                    words.kind + words.identity + " ?",
+                MessageStyle::yesNo | MessageStyle::question | MessageStyle::secondIsDefault,
+                t.Trad("Main", "Supprimer définitivement", "msgSupprimer2") + ' ' + words.kind);
+            if (answer != Answer::yes) {
+                end(false);
+                return;
+            }
+            const int left = objectCount(document_, object.kind) - 1;
+            Change change{Change::What::removed, object, nullptr, {}};
+            if (left > 0) {
+                change.select = {object.kind, std::min(object.index, left - 1), 0};
+            }
+            end(commit(change, [object](Document& edited) { erase(edited, object); }, {}));
+        });
+    });
+}
+
+void Session::undo() {
+    step(true);
+}
+
+void Session::redo() {
+    step(false);
+}
+
+void Session::step(bool back) {
+    if (!(back ? canUndo() : canRedo())) {
+        return;
+    }
+    command({}, [this, back](const Then& end) {
+        settle([this, back, end](bool settled) {
+            const std::optional<ObjectRef> object = !settled ? std::nullopt
+                                                    : back   ? undo_.undo(document_)
+                                                             : undo_.redo(document_);
+            if (object) {
+                headerTyped_ = {};
+                Change change{Change::What::content, {}, nullptr, {}};
+                if (exists(document_, *object)) {
+                    change.select = *object;
+                }
+                tellChange(change);
+                sauvegardertexte();
+            }
+            end(object.has_value());
+        });
+    });
+}
+
+void Session::typeHeaderField(HeaderField field, const std::string& text) {
+    if (!facts_.hasDocument || headerText(document_, field) == text) {
+        return;
+    }
+    headerTyped_[static_cast<std::size_t>(field)] = true;
+    edit(
+        {Change::What::header, {}, nullptr, {}},
+        [field, text](Document& edited) { headerText(edited, field) = text; }, mergeName(field));
+}
+
+bool Session::leaveHeaderField(HeaderField field) {
+    bool& typed = headerTyped_[static_cast<std::size_t>(field)];
+    if (!std::exchange(typed, false) || isAllowed(headerText(document_, field))) {
+        undo_.endMerge();
+        return true;
+    }
+    const Traduction& t = services_.traduction;
+    services_.dialogues.AfficheMessage(
+        t.Trad("Main", "Il faut rentrer un entier compris entre 1 et 65535", "msgErreurEntier"),
+        MessageStyle::ok | MessageStyle::warning,
+        t.Trad("Main", "Erreur de saisie", "msgErreurSaisie"));
+    commit(
+        {Change::What::header, {}, nullptr, {}},
+        [field](Document& edited) { headerText(edited, field).clear(); }, mergeName(field));
+    undo_.endMerge();
+    return false;
+}
+
+void Session::setCodePage(int CodePage, Then then) {
+    if (!facts_.hasDocument || CodePage == document_.CodePage) {
+        if (then) {
+            then(facts_.hasDocument);
+        }
+        return;
+    }
+    command(std::move(then), [this, CodePage](const Then& end) {
+        settle([this, CodePage, end](bool settled) {
+            const int old = document_.CodePage;
+            const bool done =
+                settled && commit({Change::What::header, {}, nullptr, {}},
+                                  [CodePage](Document& edited) { edited.CodePage = CodePage; }, {});
+            if (done) {
+                const std::size_t different = differentLabels(document_, old, CodePage);
+                if (different > 0) {
+                    told(services_.traduction.Trad(
+                             "Main", "Labels qui se lisent autrement dans cette page de code :",
+                             "msgLabelsAutrement") +
+                         ' ' + std::to_string(different));
+                }
+            } else {
+                factsChanged();
+            }
+            end(done);
+        });
+    });
+}
+
+void Session::setHeaderSize(int bytes, Then then) {
+    if (!facts_.hasDocument || bytes == document_.TailleEntete) {
+        if (then) {
+            then(facts_.hasDocument);
+        }
+        return;
+    }
+    command(std::move(then), [this, bytes](const Then& end) {
+        settle([this, bytes, end](bool settled) {
+            const bool done =
+                settled && commit({Change::What::header, {}, nullptr, {}},
+                                  [bytes](Document& edited) { edited.TailleEntete = bytes; }, {});
+            if (!done) {
+                factsChanged();
+            }
+            end(done);
+        });
+    });
+}
+
+}  // namespace quillmark

@@ -1,0 +1,294 @@
+// The text view: what it shows, and what becomes of what is typed in it.
+#include <algorithm>
+
+#include "core/clock.h"
+#include "core/paths.h"
+#include "session/session.h"
+#include "session/session_running.h"
+
+namespace quillmark {
+namespace {
+
+constexpr const char* kLineBreak = "\r\n";
+// What the generator writes in place of pixels that the preferences leave out.
+constexpr const char* kWithoutPixels = "pas de palette";
+
+}  // namespace
+
+// What a task makes of an edited text.
+struct Session::Parsed {
+    ParsedText result;
+    std::optional<GeneratedText> generated;  // of the new document, when it shows as a whole
+};
+
+GeneratorContext Session::generatorContext() const {
+    return {readTextSettings(services_.settings.store()), &services_.types(),
+            &services_.traduction};
+}
+
+std::optional<SourceComments> Session::sourceComments() const {
+    if (facts_.OuvertEnTexte || facts_.isNew || facts_.FichierTYP.empty()) {
+        return std::nullopt;
+    }
+    return SourceComments{facts_.DossierFichier(), std::to_string(facts_.TailleFichier),
+                          creationDateText(document_.EnteteTYP), currentDateTime()};
+}
+
+GeneratedText Session::generate(const Document& document, const TextView& view) const {
+    const GeneratorContext context = generatorContext();
+    if (view.wholeDocument) {
+        const auto comments = sourceComments();
+        return genererTexte(document, context, comments ? &*comments : nullptr);
+    }
+    GeneratedText generated;
+    if (!exists(document, view.shown)) {
+        return generated;
+    }
+    const auto index = static_cast<std::size_t>(view.shown.index);
+    switch (view.shown.kind) {
+        case ObjectKind::Polygone:
+            AffichePolygone(document.Polygone[index], context, document.CodePage, generated.text,
+                            generated.journal);
+            break;
+        case ObjectKind::Polyline:
+            AffichePolyline(document.Polyline[index], context, document.CodePage, generated.text,
+                            generated.journal);
+            break;
+        case ObjectKind::POI:
+            AffichePOI(document.POI[index], context, document.CodePage, generated.text,
+                       generated.journal);
+            break;
+        case ObjectKind::ExtraPOI: {
+            const auto& group = document.ExtraPOI[index];
+            const auto member = static_cast<std::size_t>(view.shown.member);
+            if (member < group.POI.size()) {
+                AffichePOI(group.POI[member], context, document.CodePage, generated.text,
+                           generated.journal);
+            }
+            break;
+        }
+        case ObjectKind::none:
+            break;
+    }
+    const auto lines = std::count(generated.text.begin(), generated.text.end(), '\n');
+    generated.sections.push_back(
+        {view.shown.kind, view.shown.index, 0, static_cast<int>(lines > 0 ? lines - 1 : 0)});
+    return generated;
+}
+
+void Session::showText(GeneratedText generated) {
+    view_.generated = std::move(generated);
+    view_.stale = false;
+    pane_->show(view_.generated.text);
+}
+
+void Session::refreshText() {
+    if (pane_ == nullptr || !facts_.hasDocument || !view_.stale || !pane_->isShown() ||
+        (pane_->isEdited() && !replaceEdits_)) {
+        return;
+    }
+    if (view_.wholeDocument && ready_) {
+        showText(std::move(*ready_));
+        ready_.reset();
+    } else {
+        showText(generate(document_, view_));
+    }
+}
+
+void Session::markSection(const ObjectRef& object) {
+    const TextSection* section = view_.sectionOf(object);
+    if (pane_ != nullptr && section != nullptr && !view_.stale) {
+        pane_->showLines(section->firstLine, section->lastLine);
+    }
+}
+
+void Session::settleEdits(Then then) {
+    command(std::move(then), [this](const Then& end) { settle(end); });
+}
+
+void Session::settle(const Then& then) {
+    if (!textEdited()) {
+        then(true);
+        return;
+    }
+    switch (services_.dialogues.AfficheMessage(
+        services_.traduction.Trad(
+            "Main", "Le texte contient des modifications non appliquées. Les appliquer ?",
+            "msgAppliquerAvant"),
+        MessageStyle::yesNoCancel | MessageStyle::question, {})) {
+        case Answer::yes:
+            apply([this, then](const Applied& applied) {
+                if (applied.done && applied.entries > 0) {
+                    // What the document took stands; the broken text goes with the action.
+                    dropEdits();
+                }
+                then(applied.done);
+            });
+            break;
+        case Answer::no:
+            dropEdits();
+            then(true);
+            break;
+        default:
+            then(false);
+            break;
+    }
+}
+
+void Session::dropEdits() {
+    showText(generate(document_, view_));
+    factsChanged();
+}
+
+void Session::showWholeDocument(Then then) {
+    command(std::move(then), [this](const Then& end) {
+        settle([this, end](bool settled) {
+            if (settled && !view_.wholeDocument) {
+                view_.wholeDocument = true;
+                view_.stale = true;
+                refreshText();
+                markSection(view_.shown);
+            }
+            factsChanged();
+            end(settled);
+        });
+    });
+}
+
+void Session::showObject(const ObjectRef& object, Then then) {
+    command(std::move(then), [this, object](const Then& end) {
+        settle([this, object, end](bool settled) {
+            if (settled) {
+                view_.wholeDocument = false;
+                view_.shown = object;
+                view_.stale = true;
+                refreshText();
+            }
+            factsChanged();
+            end(settled);
+        });
+    });
+}
+
+void Session::selectInText(const ObjectRef& object, Then then) {
+    if (!view_.wholeDocument) {
+        showObject(object, std::move(then));
+        return;
+    }
+    if (busy_) {
+        if (then) {
+            then(false);
+        }
+        return;
+    }
+    view_.shown = object;
+    markSection(object);
+    if (then) {
+        then(true);
+    }
+}
+
+void Session::cmdAppliquerModif_Click(Then then) {
+    command(std::move(then), [this](const Then& end) {
+        apply([this, end](const Applied& applied) {
+            if (applied.done && applied.entries > 0) {
+                told(services_.traduction.Trad(
+                    "Main",
+                    "Le texte appliqué contient des erreurs : voir le journal des messages.",
+                    "msgAppliquerErreurs1"));
+            }
+            end(applied.done);
+        });
+    });
+}
+
+void Session::apply(const std::function<void(const Applied&)>& then) {
+    if (!textEdited()) {
+        then({true, 0});
+        return;
+    }
+    const Traduction traduction = services_.traduction;
+    GeneratorContext context = generatorContext();
+    std::string text = pane_->text();
+    if (!context.settings.EcrireTrueColors && text.find(kWithoutPixels) != std::string::npos) {
+        const Traduction& t = services_.traduction;
+        services_.dialogues.AfficheMessage(
+            t.Trad("Main", "Impossible d'enregistrer les modifications", "msgAppliquerModif1") +
+                kLineBreak +
+                t.Trad("Main", "car l'écriture des couleurs des POI True Colors a été désactivée",
+                       "msgAppliquerModif2") +
+                kLineBreak + t.Trad("Main", "dans le menu \"Préférences\". ", "msgAppliquerModif3"),
+            MessageStyle::ok | MessageStyle::warning, {});
+        then({});
+        return;
+    }
+    const ParseTarget target = view_.target();
+    // Compared with the text of the document as it stands, not with what was shown: a faulty Apply
+    // may have changed it since.
+    const bool whole = view_.wholeDocument;
+    GeneratedText generated = whole ? GeneratedText() : generate(document_, view_);
+    const auto comments = sourceComments();
+    inBackground<Parsed>(
+        traduction.Trad("Main", "Application du texte", "msgApplication"),
+        [document = document_, traduction, context, text = std::move(text), target, whole,
+         generated = std::move(generated), comments](Progress& progress) mutable {
+            context.traduction = &traduction;
+            if (whole) {
+                generated = genererTexte(document, context, comments ? &*comments : nullptr);
+            }
+            progress.at(0.3);
+            Parsed parsed;
+            parsed.result = ouvrirtxt(text, std::move(document), target, &generated, traduction);
+            progress.at(0.7);
+            if (whole && parsed.result.journal.entries().empty()) {
+                parsed.generated =
+                    genererTexte(parsed.result.document, context, comments ? &*comments : nullptr);
+            }
+            return parsed;
+        },
+        [this, then](std::optional<Parsed> parsed) {
+            Applied applied;
+            if (parsed) {
+                putApplied(applied, std::move(*parsed));
+            }
+            then(applied);
+        },
+        [this, then] {
+            // The journal of a text takes what is wrong with it; this is the machine's failure.
+            const ErrorFacts facts = currentErrorFacts();
+            services_.dialogues.AfficheMessage(
+                "Error " + std::to_string(static_cast<int>(facts.number)) + " (" +
+                    facts.description + ") in procedure cmdAppliquerModif_Click of Feuille frmMain",
+                MessageStyle::ok | MessageStyle::critical, {});
+            then({});
+        });
+}
+
+void Session::putApplied(Applied& applied, Parsed parsed) {
+    ParsedText& result = parsed.result;
+    applied.done = true;
+    applied.entries = result.journal.entries().size();
+    applyJournal_ = std::move(result.journal);
+    // The text as it was typed, before it is replaced by what it became.
+    sauvegardertexte();
+    // Only a clean text gives way to what it became; a faulty one stays, for the journal's lines.
+    replaceEdits_ = applied.entries == 0;
+    if (result.document != document_) {
+        std::swap(document_, result.document);
+        const ObjectRef object = view_.wholeDocument ? ObjectRef{} : view_.shown;
+        undo_.record(result.document, object);
+        if (!view_.wholeDocument && !exists(document_, view_.shown)) {
+            view_.shown.index = objectCount(document_, view_.shown.kind) - 1;
+        }
+        tellChange({Change::What::content, {}, nullptr, object}, std::move(parsed.generated));
+        sauvegardertexte();
+    } else {
+        view_.stale = true;
+        ready_ = std::move(parsed.generated);
+        refreshText();
+        factsChanged();
+    }
+    replaceEdits_ = false;
+}
+
+}  // namespace quillmark
