@@ -42,9 +42,12 @@ TEST_F(SaveTyp, WhatAShortHeaderLosesIsAskedAndLostOnlyOnceWritten) {
     document.TailleEntete = 100;
     const Document unsaved = document;
     std::filesystem::create_directory(file);  // nothing can be written there
-    for (const std::deque<Answer>& answers : {std::deque{Answer::no},
-                                              {Answer::yes, Answer::no},
-                                              {Answer::yes, Answer::yes, Answer::cancel}}) {
+    for (const std::deque<Answer>& answers :
+         {std::deque{Answer::no},
+          {Answer::yes, Answer::no},
+          {Answer::yes, Answer::yes, Answer::no},
+          {Answer::yes, Answer::yes, Answer::yes, Answer::no},
+          {Answer::yes, Answer::yes, Answer::yes, Answer::yes, Answer::cancel}}) {
         dialogues.answers = answers;
         EXPECT_EQ(save(), SaveStatus::cancelled);
         EXPECT_EQ(document, unsaved);
@@ -52,7 +55,7 @@ TEST_F(SaveTyp, WhatAShortHeaderLosesIsAskedAndLostOnlyOnceWritten) {
     std::filesystem::remove(file);
 
     dialogues.shown.clear();
-    dialogues.answers = {Answer::yes, Answer::yes};
+    dialogues.answers = {Answer::yes, Answer::yes, Answer::yes, Answer::yes};
     EXPECT_EQ(save(), SaveStatus::saved);
     EXPECT_EQ(dialogues.shown.at(0).message,
               "Le fichier typ contient des lignes d'Active Routing.\r\nPour ne pas les perdre, "
@@ -62,7 +65,7 @@ TEST_F(SaveTyp, WhatAShortHeaderLosesIsAskedAndLostOnlyOnceWritten) {
               "Le fichier typ contient des Extra POI.\r\nPour ne pas les perdre, l'entête du "
               "fichier doit être réglé sur au moins 110 octets.\r\n\r\nVoulez-vous continuer   "
               "(les Extra POI seront perdus) ?");
-    EXPECT_EQ(dialogues.shown[0].style, MessageStyle::yesNo);
+    EXPECT_EQ(buttonsOf(dialogues.shown[0].style), MessageStyle::yesNo);
     EXPECT_EQ(document.NbPolylinesAR(), 0);
     EXPECT_EQ(document.NbPolylines(), unsaved.NbPolylines());
     EXPECT_TRUE(document.ExtraPOI.empty());
@@ -94,16 +97,19 @@ TEST_F(SaveTyp, WaitsForAFileThatCannotBeWritten) {
 TEST_F(SaveTyp, AFailureLeavesFileAndDocument) {
     writePlain(file, bytesOf("old"));
     document.FID = "70000";
+    EXPECT_EQ(save(), SaveStatus::cancelled) << "refused before the file is touched";
+    document.FID = "65535";
+    document.ExtraPOI.at(0).POI.resize(256);
     const Document before = document;
     EXPECT_EQ(save(), SaveStatus::failed);
     EXPECT_EQ(
-        dialogues.shown.at(0).message,
-        "Il y a eu une erreur lors de la création du fichier.\r\nErreur numéro 13 nombre de 0 "
-        "à 65535 attendu : 70000");
+        dialogues.shown.at(1).message,
+        "Il y a eu une erreur lors de la création du fichier.\r\nErreur numéro 6 plus de 255 POI "
+        "dans un Extra POI");
     EXPECT_EQ(document, before);
     EXPECT_EQ(readFile(file), bytesOf("old"));
     EXPECT_FALSE(composeTyp(document, dialogues, Traduction()).has_value());
-    document.FID = "65535";
+    document.ExtraPOI[0].POI.resize(2);
     const auto written = composeTyp(document, dialogues, Traduction());
     ASSERT_TRUE(written.has_value());
     EXPECT_EQ(ouvrir(written->file, Traduction()).document, written->document);

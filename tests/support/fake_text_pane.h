@@ -10,8 +10,8 @@ namespace quillmark::testing {
 
 class FakeTextPane : public TextPane {
   public:
-    std::string shown;   // what was put there
-    std::string typed;   // what stands there
+    std::string shown;  // what was put there
+    std::string typed;  // what stands there
     bool visible = true;
     bool editable = false;
     int shows = 0;
