@@ -166,13 +166,13 @@ void DocumentCardPanel::connectControls() {
     }
     connect(cbbCodepage_, &QComboBox::activated, this,
             guarded("cbbCodepage_Click", "frmMain", [this](int index) {
-                context_.session.setCodePage(cbbCodepage_->itemData(index).toInt(),
-                                             [this](bool) { showState(); });
+                context_.session.setCodePage(cbbCodepage_->itemData(index).toInt());
+                showState();
             }));
     connect(cbbHeadersize_, &QComboBox::activated, this,
             guarded("cbbHeadersize_Click", "frmMain", [this](int index) {
-                context_.session.setHeaderSize(cbbHeadersize_->itemData(index).toInt(),
-                                               [this](bool) { showState(); });
+                context_.session.setHeaderSize(cbbHeadersize_->itemData(index).toInt());
+                showState();
             }));
     connect(lblFID_, &TextButton::clicked, this,
             guarded("lblFID_Click", "frmMain", [this] { lblFID_Click(); }));
