@@ -43,6 +43,8 @@ class frmMain : public QMainWindow {
     void connectCommands();
     void connectViewCommands();
     void observe();
+    void restoreGeometry();
+    void storeGeometryAtExit();
     void restoreLayout();
     void saveSplitter();
 
@@ -50,6 +52,7 @@ class frmMain : public QMainWindow {
     void showState();
     void showRecentFiles();
     void showMiddle();
+    void showText();
 
     void openJournal();
     void openSearch();

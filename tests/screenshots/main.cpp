@@ -2,6 +2,7 @@
 //   quillmark-screenshots OUTDIR FILE LANGUAGE light|dark
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTimer>
@@ -9,16 +10,12 @@
 #include <functional>
 
 #include "core/paths.h"
-#include "ui/frm_about.h"
 #include "ui/frm_erreur.h"
 #include "ui/frm_inputbox.h"
-#include "ui/frm_langues.h"
 #include "ui/frm_main.h"
 #include "ui/frm_msgbox.h"
 #include "ui/frm_preferences.h"
 #include "ui/frm_recherche.h"
-#include "ui/frm_sauvegardetxt.h"
-#include "ui/frm_update.h"
 #include "ui/program.h"
 #include "ui/qt_text.h"
 #include "ui/text_panel.h"
@@ -51,8 +48,8 @@ class Album {
     void take(QWidget& window, const char* name) {
         window.show();
         settle();
-        const QString file = folder_ + QLatin1Char('/') + QLatin1String(name) + suffix_ +
-                             QStringLiteral(".png");
+        const QString file =
+            folder_ + QLatin1Char('/') + QLatin1String(name) + suffix_ + QStringLiteral(".png");
         if (!window.grab().save(file)) {
             std::fprintf(stderr, "can't write %s\n", qPrintable(file));
             failed = true;
@@ -97,8 +94,8 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     journal.open();
     album.take(journal, "journal");
     const Traduction& t = program.traduction;
-    frmMsgBox question(&window, t, t.Trad("Main", "Voulez-vous enregistrer le fichier ?",
-                                          "msgEnregistrer"),
+    frmMsgBox question(&window, t,
+                       t.Trad("Main", "Voulez-vous enregistrer le fichier ?", "msgEnregistrer"),
                        MessageStyle::yesNoCancel | MessageStyle::question, {});
     album.take(question, "question");
     std::string longText;
@@ -109,12 +106,6 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     album.take(message, "message-long");
     frmInputBox input(&window, t, "Page de code", {}, "1252");
     album.take(input, "input");
-    frmLangues languages(&window, program.context);
-    album.take(languages, "languages");
-    frmSauvegardetxt backups(&window, program.context);
-    album.take(backups, "backups");
-    frmAbout about(&window, program.context);
-    album.take(about, "about");
     frmPreferences preferences(&window, program.context, {});
     album.take(preferences, "preferences");
     if (auto* text = window.findChild<TextPanel*>()) {

@@ -25,8 +25,13 @@ struct Program {
     Profile types = Profile::load(dataFolder() / "MPCTypes.txt");
     Document document;
     Session session{document,
-                    {dialogues, tasks, settings, traduction,
-                     [this]() -> const Profile& { return types; }, backups}};
+                    {dialogues,
+                     tasks,
+                     settings,
+                     traduction,
+                     [this]() -> const Profile& { return types; },
+                     backups,
+                     {}}};
     CurrentObject current{session};
     Signal<> languageChanged;
     AppContext context{folders, settings, traduction, dialogues,      tasks,

@@ -1,0 +1,277 @@
+#include "ui/frm_main.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QScreen>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include "core/paths.h"
+#include "session/start.h"
+#include "ui/document_card_panel.h"
+#include "ui/guard.h"
+#include "ui/icons.h"
+#include "ui/main_status_bar.h"
+#include "ui/object_lists_panel.h"
+#include "ui/qt_text.h"
+#include "ui/text_panel.h"
+#include "ui/welcome_page.h"
+#include "views/command_states.h"
+#include "views/document_card.h"
+#include "views/window_geometry.h"
+
+namespace quillmark {
+namespace {
+
+// First widths of the three panes, in logical pixels.
+constexpr int kLeft = 300;
+constexpr int kMiddle = 640;
+constexpr int kRight = 260;
+
+// The one local file of a drag that the window takes; the first of several.
+std::filesystem::path droppedFile(const QMimeData& data) {
+    if (!data.hasUrls() || data.urls().isEmpty() || !data.urls().constFirst().isLocalFile()) {
+        return {};
+    }
+    const QString path = data.urls().constFirst().toLocalFile();
+    const bool taken = path.endsWith(QLatin1String(".typ"), Qt::CaseInsensitive) ||
+                       path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
+    return taken ? pathFromUtf8(fromQt(path)) : std::filesystem::path();
+}
+
+}  // namespace
+
+frmMain::frmMain(AppContext& context)
+    : context_(context),
+      menus_(*this),
+      panes_(new QSplitter),
+      left_(new QWidget),
+      middle_(new QStackedWidget),
+      right_(new QWidget),
+      status_(new MainStatusBar) {
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowIcon(icon("quillmark"));
+    setAcceptDrops(true);
+    setStatusBar(status_);
+    buildPanes();
+    connectCommands();
+    connectViewCommands();
+    observe();
+    restoreGeometry();
+    restoreLayout();
+    retranslate();
+    showState();
+    showRecentFiles();
+    showMiddle();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::buildPanes() {
+    card_ = new DocumentCardPanel(context_);
+    lists_ = new ObjectListsPanel(context_);
+    text_ = new TextPanel(nullptr, context_);
+    welcome_ = new WelcomePage(menus_.action("mnuNouveau"), menus_.action("mnuOuvrirTYP"));
+
+    auto* column = new QVBoxLayout(left_);
+    column->addWidget(card_);
+    column->addWidget(lists_, 1);
+    left_->setObjectName(QStringLiteral("fraListes"));
+    right_->setObjectName(QStringLiteral("fraApercu"));
+    middle_->setObjectName(QStringLiteral("fraMilieu"));
+    middle_->addWidget(welcome_);
+    middle_->addWidget(text_);
+
+    panes_->setObjectName(QStringLiteral("splPrincipal"));
+    panes_->addWidget(left_);
+    panes_->addWidget(middle_);
+    panes_->addWidget(right_);
+    panes_->setStretchFactor(1, 1);
+    panes_->setCollapsible(1, false);
+    panes_->setChildrenCollapsible(false);
+    setCentralWidget(panes_);
+}
+
+void frmMain::observe() {
+    Session& session = context_.session;
+    connections_.push_back(session.factsChanged.connect([this] {
+        showState();
+        showRecentFiles();
+    }));
+    connections_.push_back(session.documentChanged.connect([this](const Change& change) {
+        if (change.what == Change::What::replaced) {
+            showMiddle();
+        }
+        showState();
+    }));
+    connections_.push_back(context_.current.changed.connect([this] { showState(); }));
+    connections_.push_back(
+        session.told.connect([this](const std::string& line) { status_->tell(line); }));
+    connections_.push_back(context_.languageChanged.connect([this] { retranslate(); }));
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](QWidget* /*old*/, QWidget* now) { menus_.followFocus(now); });
+}
+
+void frmMain::restoreGeometry() {
+    std::vector<Rectangle> screens;
+    const auto rectangle = [](const QRect& area) {
+        return Rectangle{area.left(), area.top(), area.width(), area.height()};
+    };
+    if (const QScreen* primary = QGuiApplication::primaryScreen()) {
+        screens.push_back(rectangle(primary->availableGeometry()));
+    }
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen != QGuiApplication::primaryScreen()) {
+            screens.push_back(rectangle(screen->availableGeometry()));
+        }
+    }
+    const WindowGeometry geometry = startGeometry(context_.settings, screens);
+    resize(geometry.normal.width, geometry.normal.height);
+    move(geometry.normal.left, geometry.normal.top);
+    if (geometry.maximised) {
+        setWindowState(Qt::WindowMaximized);
+    }
+}
+
+void frmMain::storeGeometryAtExit() {
+    WindowAtExit window;
+    window.maximised = isMaximized() || isFullScreen();
+    if (!window.maximised && !isMinimized()) {
+        window.normal = Rectangle{x(), y(), width(), height()};
+    }
+    window.knowsPlace = QGuiApplication::platformName() != QLatin1String("wayland");
+    storeGeometry(context_.settings, window);
+    context_.settings.setBoolean(keys::kSauvegardeAuto,
+                                 menus_.action("mnuSauvegardeAuto").isChecked());
+    cleanUpAtExit(context_.settings, context_.folders, context_.Version);
+}
+
+void frmMain::restoreLayout() {
+    const QStringList stored =
+        toQt(context_.settings.text(keys::kSeparateurs)).split(QLatin1Char(','));
+    QList<int> widths;
+    for (const QString& width : stored) {
+        widths << width.toInt();
+    }
+    const bool usable =
+        widths.size() == panes_->count() &&
+        std::all_of(widths.begin(), widths.end(), [](int width) { return width >= 0; });
+    panes_->setSizes(usable ? widths : QList<int>{kLeft, kMiddle, kRight});
+    connect(panes_, &QSplitter::splitterMoved, this,
+            guarded("splPrincipal_Moved", "frmMain", [this] { saveSplitter(); }));
+    for (const auto& [name, key, pane] : {std::tuple{"mnuListesObjets", keys::kListesObjets, left_},
+                                          std::tuple{"mnuApercu", keys::kApercu, right_}}) {
+        const bool shown = context_.settings.boolean(key);
+        menus_.action(name).setChecked(shown);
+        pane->setVisible(shown);
+    }
+    menus_.action("mnuSauvegardeAuto").setChecked(context_.settings.boolean(keys::kSauvegardeAuto));
+}
+
+void frmMain::saveSplitter() {
+    QStringList widths;
+    for (const int width : panes_->sizes()) {
+        widths << QString::number(width);
+    }
+    // A folded pane keeps the width it had.
+    if (left_->isVisible() && right_->isVisible()) {
+        context_.settings.setText(keys::kSeparateurs, fromQt(widths.join(QLatin1Char(','))));
+    }
+}
+
+void frmMain::showMiddle() {
+    const bool hasDocument = context_.session.facts().hasDocument;
+    middle_->setCurrentWidget(hasDocument ? static_cast<QWidget*>(text_) : welcome_);
+    if (hasDocument) {
+        context_.session.refreshText();
+    }
+}
+
+void frmMain::retranslate() {
+    menus_.retranslate(context_.traduction);
+    status_->retranslate(context_.traduction);
+    welcome_->retranslate(context_.traduction);
+    left_->setAccessibleName(
+        toQt(context_.traduction.Trad("Main", "Listes des objets", "fraListes")));
+    right_->setAccessibleName(toQt(context_.traduction.Trad("Main", "Aperçu", "fraApercu")));
+    showState();
+    showRecentFiles();
+}
+
+void frmMain::showState() {
+    const Session& session = context_.session;
+    menus_.setStates(commandStates(session, context_.current));
+    QString title = toQt(quillmark::windowTitle(session.facts(), session.showsModified(),
+                                                context_.Version, context_.traduction));
+    // The toolkit's own mark for a changed document has no business in a file's name.
+    title.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(title);
+    status_->showFaults(session.errorCount(), session.warningCount());
+    status_->showDocument(session.showsModified()
+                              ? context_.traduction.Trad("Main", "modifié", "modif")
+                              : std::string());
+}
+
+void frmMain::showRecentFiles() {
+    const std::vector<std::string> paths = context_.session.recentFiles().paths();
+    const auto open = [this](const std::string& path) {
+        context_.session.ouvrir(pathFromUtf8(path));
+    };
+    menus_.setRecentFiles(paths, open, [this] {
+        context_.session.recentFiles().clear();
+        showRecentFiles();
+    });
+    welcome_->setRecentFiles(paths);
+}
+
+void frmMain::Form_QueryUnload(const Session::Then& then) {
+    context_.session.Form_QueryUnload(then);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (mayClose_) {
+        guarded("Form_Unload", "frmMain", [this] { storeGeometryAtExit(); })();
+        event->accept();
+        return;
+    }
+    event->ignore();
+    guarded("Form_QueryUnload", "frmMain", [this] {
+        Form_QueryUnload([this](bool done) {
+            if (done) {
+                mayClose_ = true;
+                close();
+            }
+        });
+    })();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!droppedFile(*event->mimeData()).empty() && !context_.session.busy()) {
+        event->acceptProposedAction();
+    }
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const std::filesystem::path file = droppedFile(*event->mimeData());
+    if (!file.empty()) {
+        event->acceptProposedAction();
+        // Behind the drop: a question inside of it would hold up the program it came from.
+        QMetaObject::invokeMethod(this,
+                                  guarded("picAfficheTout_OLEDragDrop", "frmMain",
+                                          [this, file] { context_.session.ouvrir(file); }),
+                                  Qt::QueuedConnection);
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        update();
+    }
+}
+
+}  // namespace quillmark

@@ -1,0 +1,94 @@
+// What the commands of the main window do: they forward to the session or open a window.
+#include <QAction>
+#include <QLocale>
+#include <QSplitter>
+#include <QStackedWidget>
+
+#include "core/paths.h"
+#include "ui/document_card_panel.h"
+#include "ui/frm_erreur.h"
+#include "ui/frm_main.h"
+#include "ui/frm_recherche.h"
+#include "ui/guard.h"
+#include "ui/main_status_bar.h"
+#include "ui/object_lists_panel.h"
+#include "ui/qt_text.h"
+#include "ui/text_panel.h"
+#include "ui/welcome_page.h"
+
+namespace quillmark {
+
+void frmMain::connectCommands() {
+    Session& session = context_.session;
+    menus_.on("mnuNouveau", [&session] { session.mnuNouveau_Click(); });
+    menus_.on("mnuOuvrirTYP", [&session] { session.mnuouvrir_Click(); });
+    menus_.on("mnuouvrirtxt", [&session] { session.mnuouvrirtxt_click(false); });
+    menus_.on("mnuouvrirtxtUTF8", [&session] { session.mnuouvrirtxt_click(true); });
+    menus_.on("mnuEnregistrer", [&session] { session.mnuEnregistrer_Click(); });
+    menus_.on("mnuEnregistrerTyp", [&session] { session.mnuEnregistrerTyp_Click(); });
+    menus_.on("mnuEnregistrerTxt", [&session] { session.mnuEnregistrerTxt_Click(false); });
+    menus_.on("mnuEnregistrerTxtUTF8", [&session] { session.mnuEnregistrerTxt_Click(true); });
+    menus_.on("mnufermer", [&session] { session.mnufermer_Click(); });
+    menus_.on("mnuQuitter", [this] { close(); });
+    menus_.on("mnuAnnulerDocument", [&session] { session.undo(); });
+    menus_.on("mnuRetablirDocument", [&session] { session.redo(); });
+    menus_.on("cmdSupprimer", [this] { context_.session.deleteObject(context_.current.object()); });
+    welcome_->openRecent = [&session](const std::string& path) {
+        session.ouvrir(pathFromUtf8(path));
+    };
+    text_->setEditMenu(&menus_.menu("mnuEdition"));
+    connections_.push_back(text_->revealRequested.connect([this] { showText(); }));
+    card_->journalRequested = [this] { openJournal(); };
+    status_->openJournal = [this] { openJournal(); };
+}
+
+void frmMain::connectViewCommands() {
+    Settings& settings = context_.settings;
+    const auto foldable = [this, &settings](const char* name, const SettingKey& key,
+                                            QWidget* pane) {
+        menus_.on(name, [this, &settings, name, key, pane] {
+            const bool shown = menus_.action(name).isChecked();
+            pane->setVisible(shown);
+            settings.setBoolean(key, shown);
+        });
+    };
+    foldable("mnuListesObjets", keys::kListesObjets, left_);
+    foldable("mnuApercu", keys::kApercu, right_);
+    menus_.on("mnuSauvegardeAuto", [this, &settings] {
+        settings.setBoolean(keys::kSauvegardeAuto, menus_.action("mnuSauvegardeAuto").isChecked());
+    });
+    menus_.on("mnuTexte", [this] { showText(); });
+    menus_.on("mnuMessages", [this] { openJournal(); });
+    menus_.on("mnuRecherche", [this] { openSearch(); });
+    menus_.on("mnuFiltrer", [this] {
+        menus_.action("mnuListesObjets").setChecked(true);
+        left_->show();
+        lists_->focusFilter();
+    });
+}
+
+void frmMain::showText() {
+    menus_.action("mnuTexte").setChecked(true);
+    showMiddle();
+}
+
+void frmMain::openJournal() {
+    if (!journal_) {
+        journal_ = new frmErreur(this, context_);
+        journal_->goToLine = [this](int line) {
+            showText();
+            text_->goToLine(line);
+        };
+        journal_->goToObject = [this](const ObjectRef& object) { context_.current.choose(object); };
+    }
+    journal_->open();
+}
+
+void frmMain::openSearch() {
+    if (!search_) {
+        search_ = new frmRecherche(this, context_, *text_);
+    }
+    search_->open();
+}
+
+}  // namespace quillmark
