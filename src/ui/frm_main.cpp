@@ -28,9 +28,9 @@ namespace quillmark {
 namespace {
 
 // First widths of the three panes, in logical pixels.
-constexpr int kLeft = 300;
+constexpr int kLeft = 340;
 constexpr int kMiddle = 640;
-constexpr int kRight = 260;
+constexpr int kRight = 264;
 
 // The one local file of a drag that the window takes; the first of several.
 std::filesystem::path droppedFile(const QMimeData& data) {
@@ -243,7 +243,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
         Form_QueryUnload([this](bool done) {
             if (done) {
                 mayClose_ = true;
-                close();
+                // Behind this event: a window that is closing doesn't hear another close.
+                QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
             }
         });
     })();

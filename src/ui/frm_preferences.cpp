@@ -39,7 +39,6 @@ QIcon swatch(std::int32_t colour) {
 QLabel* captionOf(QWidget* control, const std::string& text) {
     auto* caption = new QLabel(toQt(text));
     caption->setBuddy(control);
-    caption->setWordWrap(true);
     control->setAccessibleName(toQt(text));
     return caption;
 }
@@ -121,7 +120,7 @@ QGroupBox* frmPreferences::mainWindow() {
     addLanguages(*cbbLangues_, t);
 
     auto* form = new QFormLayout;
-    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setRowWrapPolicy(QFormLayout::WrapAllRows);
     const auto row = [form](QWidget* control, const std::string& text) {
         form->addRow(captionOf(control, text), control);
     };
@@ -147,7 +146,7 @@ QGroupBox* frmPreferences::editWindow() {
         cbbNombre_->addItem(QString::number(rows));
     }
     auto* form = new QFormLayout(frame);
-    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    form->setRowWrapPolicy(QFormLayout::WrapAllRows);
     const std::string caption =
         t.Trad("Preferences", "Nombre de langues par défaut", "lblNombreLangues");
     form->addRow(captionOf(cbbNombre_, caption), cbbNombre_);

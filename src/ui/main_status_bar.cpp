@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QProgressBar>
+#include <QStyle>
 #include <QToolButton>
 
 #include "ui/guard.h"
@@ -43,6 +44,8 @@ MainStatusBar::MainStatusBar()
       cancel_(flatButton("cmdArreter")) {
     setObjectName(QStringLiteral("staPrincipale"));
     setSizeGripEnabled(false);
+    const int margin = style()->pixelMetric(QStyle::PM_LayoutLeftMargin);
+    setContentsMargins(margin, 0, margin, 0);
     progress_->setObjectName(QStringLiteral("prgTravail"));
     progress_->setRange(0, kSteps);
     progress_->setTextVisible(false);
