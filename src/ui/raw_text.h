@@ -9,10 +9,10 @@
 namespace quillmark {
 
 // Any line ends. What the control can't hold is U+FFFD, see `viewableText`.
-[[nodiscard]] QString rawText(QString text);
+[[nodiscard]] QString rawText(const QString& text);
 [[nodiscard]] QString rawText(const std::string& utf8);
 // UTF-8, lines ended by CR LF.
-[[nodiscard]] std::string fileText(QString raw);
+[[nodiscard]] std::string fileText(const QString& raw);
 
 // The same characters, for who knows no toolkit.
 [[nodiscard]] inline std::u16string_view viewOf(const QString& text) {
