@@ -7,6 +7,7 @@
 #include "text/format.h"
 #include "text/parser_sections.h"
 #include "text/unchanged_sections.h"
+#include "text/view_text.h"
 
 namespace quillmark {
 namespace {
@@ -21,6 +22,7 @@ class Parser {
           unchanged_(generated, text),
           context_{source_,        result_.journal,         traduction, result_.skippedLines,
                    base_.CodePage, text.size() + kPixelRoom} {
+        context_.hadUnshown = unchanged_.hadUnshown();
         result_.document = base_;
         if (target.codePage > 0) {
             result_.document.CodePage = target.codePage;
@@ -359,6 +361,9 @@ class Parser {
 
     void finish() {
         Document& document = result_.document;
+        if (unchanged_.hadUnshown() && document.Commentaire == viewableText(base_.Commentaire)) {
+            document.Commentaire = base_.Commentaire;
+        }
         if (isWhole()) {
             std::stable_partition(document.Polyline.begin(), document.Polyline.end(),
                                   [](const auto& line) { return !line.isActiveRouting(); });

@@ -61,14 +61,20 @@ std::string reasonText(Fault fault, const Traduction& traduction) {
                                    "msgTexteRepetes");
         case Fault::noType:
             return traduction.Trad("Main", "objet sans type", "msgTexteSansType");
+        case Fault::unshownCharacters:
+            return traduction.Trad("Main",
+                                   "caractères impossibles à afficher, remplacés dans le label",
+                                   "msgTexteInaffichables");
     }
     return {};
 }
 
-// Characters replaced on the way to a code page are a limit of the page; all else is a fault of
-// the text.
+// Characters replaced on the way are a limit of the code page or of the view; all else is a fault
+// of the text.
 JournalKind kindOf(Fault fault) {
-    return fault == Fault::lostCharacters ? JournalKind::warning : JournalKind::error;
+    return fault == Fault::lostCharacters || fault == Fault::unshownCharacters
+               ? JournalKind::warning
+               : JournalKind::error;
 }
 
 std::optional<int> hexDigits(std::string_view digits) {
@@ -300,6 +306,9 @@ Bytes parseStrings(ParserContext& context) {
             } else {
                 labels.push_back(parseLabel(line));
                 lines.push_back(context.source.index());
+                if (context.hadUnshown && line.find("\xEF\xBF\xBD") != std::string_view::npos) {
+                    context.tell(Fault::unshownCharacters);
+                }
             }
             behind = context.source.index() + 1;
         } else if (!line.empty()) {

@@ -38,6 +38,7 @@ enum class Fault : std::uint8_t {
     ignoredSection,
     repeatedLabels,
     noType,
+    unshownCharacters,  // that the text view had to replace
 };
 
 struct ParserContext {
@@ -47,6 +48,7 @@ struct ParserContext {
     std::vector<int>& skippedLines;
     int CodePage = 1252;
     std::size_t pixelBudget = 0;  // bytes that pictures may still take
+    bool hadUnshown = false;      // U+FFFD may stand for another character
 
     // Tells of a line, from 0; of the last one when the text ended too early.
     void tell(Fault fault, std::size_t line);

@@ -6,6 +6,7 @@
 
 #include "text/format.h"
 #include "text/text_source.h"
+#include "text/view_text.h"
 
 namespace quillmark {
 namespace {
@@ -45,10 +46,11 @@ std::vector<Section> findSections(std::string_view text) {
     return sections;
 }
 
-std::vector<Section> shownSections(const GeneratedText& generated) {
-    const std::vector<std::string_view> lines = splitLines(generated.text);
+std::vector<Section> shownSections(std::string_view text,
+                                   const std::vector<TextSection>& generated) {
+    const std::vector<std::string_view> lines = splitLines(text);
     std::vector<Section> sections;
-    for (const TextSection& section : generated.sections) {
+    for (const TextSection& section : generated) {
         const auto first = static_cast<std::size_t>(section.firstLine);
         const auto last = static_cast<std::size_t>(section.lastLine);
         sections.push_back({first, last, join(lines, first, last)});
@@ -62,8 +64,10 @@ UnchangedSections::UnchangedSections(const GeneratedText* generated, std::string
     if (generated == nullptr) {
         return;
     }
-    const std::vector<Section> before = shownSections(*generated);
-    const std::vector<Section> after = findSections(edited);
+    const std::string shown = viewableText(generated->text);
+    hadUnshown_ = shown != generated->text;
+    const std::vector<Section> before = shownSections(shown, generated->sections);
+    const std::vector<Section> after = findSections(viewableText(std::string(edited)));
     const auto match = [&](std::size_t old, std::size_t now) {
         const TextSection& source = generated->sections[old];
         matches_[after[now].firstLine] = {source.kind, source.index, after[now].lastLine};

@@ -23,7 +23,11 @@ class UnchangedSections {
     // The section that begins at a line of the edited text; null when it was edited or is new.
     [[nodiscard]] const Match* at(std::size_t firstLine) const;
 
+    // The generated text had characters that the text view can't hold.
+    [[nodiscard]] bool hadUnshown() const { return hadUnshown_; }
+
   private:
+    bool hadUnshown_ = false;
     std::unordered_map<std::size_t, Match> matches_;  // by first line
 };
 

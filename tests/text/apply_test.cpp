@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "support/test_files.h"
+#include "text/view_text.h"
 #include "text_test_tools.h"
 
 namespace quillmark {
@@ -86,6 +87,29 @@ TEST(Apply, EqualSectionsKeepTheirOrder) {
         EXPECT_EQ(polygons[i], document.Polygone[i]) << i;
     }
     EXPECT_EQ(polygons[2].Couleurs, hex("FF FF FF"));
+}
+
+TEST(Apply, RecordsKeepWhatTheViewCantHold) {
+    Document document = richDocument();
+    document.CodePage = 65001;
+    document.Commentaire = "a\u2029b";
+    document.Polygone[0].Entete |= 0x10;
+    document.Polygone[0].Strings = hex("0D 04 61 E2 80 A9 00");
+    document.Polyline[0].Strings = hex("0D 04 EF B7 91 62 00");
+    const GeneratedText shown = generate(document);
+    const std::string view = viewableText(shown.text);
+    EXPECT_EQ(view.find("\u2029"), std::string::npos);
+    const ParsedText same = parseText(view, document, {}, &shown);
+    EXPECT_TRUE(same.document == document);
+    EXPECT_TRUE(same.journal.entries().empty());
+
+    const ParsedText edited =
+        parseText(replaced(view, "LineWidth=3", "LineWidth=9"), document, {}, &shown);
+    EXPECT_EQ(edited.document.Polygone, document.Polygone);
+    EXPECT_EQ(edited.document.Commentaire, document.Commentaire);
+    EXPECT_EQ(edited.document.Polyline.at(0).Strings, hex("0D 04 EF BF BD 62 00"));
+    ASSERT_EQ(edited.journal.entries().size(), 1U) << "what is lost is told";
+    EXPECT_EQ(edited.journal.warningCount(), 1);
 }
 
 TEST(Apply, LabelsAreEncodedAnewInAnotherCodePage) {
