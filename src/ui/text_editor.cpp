@@ -22,6 +22,7 @@ constexpr int kTabColumns = 4;
 constexpr qreal kSmallestFont = 5;
 constexpr qreal kLargestFont = 48;
 constexpr int kWheelStep = 120;
+constexpr int kMargin = 6;
 
 }  // namespace
 
@@ -35,6 +36,7 @@ TextEditor::TextEditor(QWidget* parent)
     setFrameShape(NoFrame);
     setTabChangesFocus(false);
     setCursorWidth(2);
+    document()->setDocumentMargin(kMargin);
     QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     fixed.setStyleHint(QFont::Monospace);
     usualSize_ = fixed.pointSizeF() > 0 ? fixed.pointSizeF() : 10;

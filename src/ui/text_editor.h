@@ -43,7 +43,8 @@ class TextEditor : public QPlainTextEdit {
     void forgetPlace() { forgetPlace_ = true; }
 
     void setEditable(bool editable);
-    // Gives lines a background and brings the first into sight.
+    // Gives lines of the text as it was put there a background, wherever edits have moved them, and
+    // brings the first into sight.
     void markLines(int first, int last);
     // Takes the focus.
     void goToLine(int line);
@@ -130,9 +131,9 @@ class TextEditor : public QPlainTextEdit {
     Place kept_;
     QTextCursor markStart_;
     QTextCursor markEnd_;
-    int lines_ = 0;                // of the text that is being filled in
-    std::function<void()> later_;  // once it stands there
-    std::optional<int> wanted_;    // a line to be brought into sight once there is a size
+    int lines_ = 0;                             // of the text that is being filled in
+    std::vector<std::function<void()>> later_;  // to be done once it stands there
+    std::optional<int> wanted_;  // a line to be brought into sight once there is a size
 };
 
 }  // namespace quillmark

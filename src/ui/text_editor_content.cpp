@@ -56,7 +56,7 @@ void TextEditor::setContent(const std::string& text) {
     changing_ = true;
     lines_ = document()->blockCount() + change.moved();
     wanted_.reset();
-    later_ = nullptr;
+    later_.clear();
     markStart_ = markEnd_ = QTextCursor();
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
@@ -73,7 +73,7 @@ void TextEditor::filledUp() {
     changing_ = false;
     showReadOnly();
     restore(kept_);
-    if (const auto later = std::exchange(later_, nullptr)) {
+    for (const auto& later : std::exchange(later_, {})) {
         later();
     }
     tellEdited();
@@ -125,8 +125,14 @@ std::pair<int, int> TextEditor::markedLines() const {
 
 void TextEditor::markLines(int first, int last) {
     if (isFilling()) {
-        later_ = [this, first, last] { markLines(first, last); };
+        later_.emplace_back([this, first, last] { markLines(first, last); });
         return;
+    }
+    if (edited_) {
+        const QString now = rawContent();
+        const LineDifference change(viewOf(range_.original()), viewOf(now));
+        first = change.follow(first);
+        last = change.follow(last);
     }
     const int end = document()->blockCount() - 1;
     markStart_ = QTextCursor(document()->findBlockByNumber(std::clamp(first, 0, end)));
@@ -142,7 +148,7 @@ void TextEditor::markLines(int first, int last) {
 void TextEditor::goToLine(int line) {
     setFocus();
     if (isFilling()) {
-        later_ = [this, line] { goToLine(line); };
+        later_.emplace_back([this, line] { goToLine(line); });
         return;
     }
     const int end = document()->blockCount() - 1;

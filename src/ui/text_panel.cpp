@@ -38,6 +38,7 @@ TextPanel::TextPanel(QWidget* parent, AppContext& context)
       bar_(new QWidget),
       editor_(new TextEditor),
       cmdAppliquerModif_(new ApplyButton),
+      foot_(new QVBoxLayout),
       backupTimer_(new QTimer(this)) {
     setObjectName(QStringLiteral("fraTexte"));
     build();
@@ -78,15 +79,13 @@ void TextPanel::build() {
     cmdAppliquerModif_->setIcon(icon("apply"));
     cmdAppliquerModif_->hide();
     // Below the text, which so stays where it is when the first key is typed.
-    auto* foot = new QVBoxLayout;
-    foot->setContentsMargins(6, 6, 6, 6);
-    foot->addWidget(cmdAppliquerModif_);
+    foot_->addWidget(cmdAppliquerModif_);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(bar_);
     column->addWidget(editor_, 1);
-    column->addLayout(foot);
+    column->addLayout(foot_);
     setFocusProxy(editor_);
     setTabOrder(cmdvoirtxt_, cmdvoirobjet_);
     setTabOrder(cmdvoirobjet_, editor_);
@@ -163,6 +162,8 @@ void TextPanel::showState() {
     cmdvoirtxt_->setEnabled(open);
     cmdvoirobjet_->setEnabled(open && (!whole || context_.current.kind() != ObjectKind::none));
     cmdAppliquerModif_->setEnabled(!session.busy());
+    // What is typed while the text is being applied would be lost.
+    editor_->setEditable(editable_ && !session.busy());
     if (cmdAppliquerModif_->hasFocus() && !editor_->isEdited()) {
         editor_->setFocus();
     }
@@ -214,7 +215,8 @@ void TextPanel::showLines(int firstLine, int lastLine) {
 }
 
 void TextPanel::setEditable(bool editable) {
-    editor_->setEditable(editable);
+    editable_ = editable;
+    editor_->setEditable(editable && !context_.session.busy());
 }
 
 void TextPanel::bringIntoSight() {
@@ -246,7 +248,12 @@ void TextPanel::replace(const std::vector<TextRange>& ranges, const std::u16stri
 void TextPanel::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!event->spontaneous()) {
-        guarded("fraTexte_Show", kWindow, [this] { context_.session.refreshText(); })();
+        guarded("fraTexte_Show", kWindow, [this] {
+            context_.session.refreshText();
+            if (context_.session.textView().wholeDocument) {
+                context_.session.selectInText(context_.current.object());
+            }
+        })();
     }
 }
 

@@ -14,6 +14,7 @@
 class QMenu;
 class QTimer;
 class QToolButton;
+class QVBoxLayout;
 
 namespace quillmark {
 
@@ -70,8 +71,10 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
     QToolButton* cmdvoirobjet_;
     TextEditor* editor_;
     ApplyButton* cmdAppliquerModif_;
+    QVBoxLayout* foot_;
     QTimer* backupTimer_;
     BackupPace pace_;
+    bool editable_ = false;
     // What the text shown last was of.
     bool wholeDocument_ = true;
     ObjectRef subject_;
