@@ -146,22 +146,27 @@ void frmSauvegardetxt::cmdSessionPrecedente_Click(bool wanted) {
     }
     // The file can be large: it is looked through elsewhere.
     const auto found = std::make_shared<std::vector<BackupPlace>>();
-    context_.tasks.run({fromQt(cmdSessionPrecedente_->text().remove(QLatin1Char('&'))), true,
-                        [found, file = earlier_](Progress&) { *found = listBackups(file); },
-                        [self = QPointer<frmSauvegardetxt>(this), found](const TaskEnd& end) {
-                            if (self.isNull() || !self->cmdSessionPrecedente_->isChecked()) {
-                                return;
-                            }
-                            if (end.completed()) {
-                                self->browser_.showEarlierRun(self->earlier_, std::move(*found));
-                                self->showState();
-                            } else {
-                                self->cmdSessionPrecedente_->setChecked(false);
-                                if (end.failure) {
-                                    std::rethrow_exception(end.failure);
-                                }
-                            }
-                        }});
+    context_.tasks.run(
+        {fromQt(cmdSessionPrecedente_->text().remove(QLatin1Char('&'))), true,
+         [found, file = earlier_](Progress&) { *found = listBackups(file); },
+         guarded("cmdSessionPrecedente_Click", kWindow,
+                 [self = QPointer<frmSauvegardetxt>(this), found](const TaskEnd& end) {
+                     if (!self.isNull() && self->cmdSessionPrecedente_->isChecked()) {
+                         self->showEarlierRun(end, std::move(*found));
+                     }
+                 })});
+}
+
+void frmSauvegardetxt::showEarlierRun(const TaskEnd& end, std::vector<BackupPlace> places) {
+    if (!end.completed()) {
+        cmdSessionPrecedente_->setChecked(false);
+        if (end.failure) {
+            std::rethrow_exception(end.failure);
+        }
+        return;
+    }
+    browser_.showEarlierRun(earlier_, std::move(places));
+    showState();
 }
 
 }  // namespace quillmark

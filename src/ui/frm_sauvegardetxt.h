@@ -23,6 +23,7 @@ class frmSauvegardetxt : public QDialog {
     void retranslate();
     void showState();
     void cmdSessionPrecedente_Click(bool wanted);
+    void showEarlierRun(const TaskEnd& end, std::vector<BackupPlace> places);
 
     AppContext& context_;
     BackupBrowser browser_;
