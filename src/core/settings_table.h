@@ -72,6 +72,11 @@ inline constexpr SettingKey kApercu{kAffichage, "Apercu", "True", SettingForm::w
 inline constexpr SettingKey kListesObjets{kAffichage, "ListesObjets", "True", SettingForm::words};
 // Widths of the three panes in logical pixels, joined by commas.
 inline constexpr SettingKey kSeparateurs{kAffichage, "Separateurs", ""};
+// The tab of the colour chooser that was used last.
+inline constexpr SettingKey kOngletPalette{kAffichage, "OngletPalette", "1", SettingForm::number, 1,
+                                           3};
+// Colours chosen lately, "#RRGGBB", joined by commas.
+inline constexpr SettingKey kCouleursRecentes{kAffichage, "CouleursRecentes", ""};
 }  // namespace keys
 
 class Settings {

@@ -39,12 +39,13 @@ TEST(ColourSpaces, AllValuesAgreeWithTheirChecksums) {
         crc.add(shown.sat);
         crc.add(shown.lum);
     };
-    EXPECT_EQ(testing::checksumOf4096Colours(fields), 0xC17C600BU);
+    EXPECT_EQ(testing::checksumOfColours(17, fields), 0xC17C600BU);
     bool same = true;
-    EXPECT_EQ(testing::checksumOfAllColours([&](testing::Crc32& crc, Couleur colour) {
-                  fields(crc, colour);
-                  same = same && couleurFromHls(hlsOf(colour)) == colour;
-              }),
+    EXPECT_EQ(testing::checksumOfColours(1,
+                                         [&](testing::Crc32& crc, Couleur colour) {
+                                             fields(crc, colour);
+                                             same = same && couleurFromHls(hlsOf(colour)) == colour;
+                                         }),
               0xD96E494AU);
     EXPECT_TRUE(same) << "a colour comes back from its hue, lightness and saturation";
 

@@ -19,7 +19,7 @@ struct ColourRow {
     std::string colour;
     std::array<int, 3> rgbFields;
     std::array<int, 3> hslFields;
-    std::vector<std::size_t> indices;
+    std::array<std::size_t, 3> indices;
     std::string nearest;
     int marked;                      // the swatch with the border, 0 for none
     std::string typedBack;           // when exactly these hue, saturation and lightness are typed
@@ -58,14 +58,6 @@ template <typename Add>
         }
     }
     return crc.value();
-}
-template <typename Add>
-[[nodiscard]] std::uint32_t checksumOf4096Colours(Add add) {
-    return checksumOfColours(17, add);
-}
-template <typename Add>
-[[nodiscard]] std::uint32_t checksumOfAllColours(Add add) {
-    return checksumOfColours(1, add);
 }
 
 }  // namespace quillmark::testing
