@@ -162,9 +162,12 @@ Profile Profile::parse(std::string_view text) {
         }
         const std::size_t bracket = line[0] == '[' ? line.rfind(']') : std::string_view::npos;
         if (bracket != std::string_view::npos) {
-            const auto [place, added] =
-                profile.sections_.try_emplace(loweredLatin1(trimmed(line.substr(1, bracket - 1))));
+            const std::string_view name = trimmed(line.substr(1, bracket - 1));
+            const auto [place, added] = profile.sections_.try_emplace(loweredLatin1(name));
             current = added ? &place->second : nullptr;
+            if (added) {
+                profile.names_.emplace_back(name);
+            }
             continue;
         }
         const std::size_t equals = line.find('=');

@@ -23,7 +23,8 @@ class Profile {
     // cut at the first zero; nothing when the key is absent.
     [[nodiscard]] std::optional<std::string> find(std::string_view section,
                                                   std::string_view cle) const;
-    // Keys of a section in the order of the file.
+    // Sections and their keys in the order of the file.
+    [[nodiscard]] const std::vector<std::string>& sections() const { return names_; }
     [[nodiscard]] std::vector<std::string> keys(std::string_view section) const;
 
   private:
@@ -31,6 +32,7 @@ class Profile {
         std::vector<std::string> order;
         std::unordered_map<std::string, std::string> values;
     };
+    std::vector<std::string> names_;
     std::unordered_map<std::string, Section> sections_;
 };
 

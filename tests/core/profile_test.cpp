@@ -47,6 +47,7 @@ TEST(Profile, ReadsTheClassicForm) {
     EXPECT_EQ(profile.keys("main"),
               (std::vector<std::string>{"mnuFichier", "empty", "quoted", "single", "half", "equals",
                                         "accent"}));
+    EXPECT_EQ(profile.sections(), (std::vector<std::string>{"Main", "Editer"}));
     EXPECT_TRUE(profile.keys("none").empty());
 }
 
