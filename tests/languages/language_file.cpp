@@ -29,9 +29,9 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
-// What a sentence ends with: "..." counts as one sign, letters as none.
+// What a sentence ends with: "..." counts as one sign; letters, and a blank to go on after, as
+// none.
 std::string ending(std::string_view text) {
-    text = trimmed(text);
     if (text.ends_with("...")) {
         return "...";
     }
