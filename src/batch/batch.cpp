@@ -39,6 +39,8 @@ ExitStatus runCommand(const BatchOptions& options, Console& console) {
             return writeText(options, data, console);
         case Command::typ:
             return writeTyp(options, console);
+        case Command::icons:
+            return writeIcons(options, console);
         case Command::check:
             return check(options, console);
         case Command::info:

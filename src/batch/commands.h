@@ -12,6 +12,7 @@ namespace quillmark {
 ExitStatus writeText(const BatchOptions& options, const std::filesystem::path& dataFolder,
                      Console& console);
 ExitStatus writeTyp(const BatchOptions& options, Console& console);
+ExitStatus writeIcons(const BatchOptions& options, Console& console);
 ExitStatus check(const BatchOptions& options, Console& console);
 ExitStatus info(const BatchOptions& options, Console& console);
 

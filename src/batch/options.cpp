@@ -8,6 +8,7 @@
 
 #include "core/document.h"
 #include "text/code_pages.h"
+#include "views/icon_sheet.h"
 
 namespace quillmark {
 namespace {
@@ -17,8 +18,19 @@ struct CommandName {
     Command command;
 };
 constexpr std::array kCommands{CommandName{"text", Command::text}, CommandName{"typ", Command::typ},
+                               CommandName{"icons", Command::icons},
                                CommandName{"check", Command::check},
                                CommandName{"info", Command::info}};
+
+constexpr std::array kKinds{std::pair{std::string_view("polygon"), ObjectKind::Polygone},
+                            std::pair{std::string_view("polyline"), ObjectKind::Polyline},
+                            std::pair{std::string_view("poi"), ObjectKind::POI},
+                            std::pair{std::string_view("extrapoi"), ObjectKind::ExtraPOI}};
+constexpr std::array kLabelModes{std::pair{std::string_view("none"), LabelMode::none},
+                                 std::pair{std::string_view("text"), LabelMode::text},
+                                 std::pair{std::string_view("type"), LabelMode::type},
+                                 std::pair{std::string_view("both"), LabelMode::typeAndText}};
+constexpr int kLastLanguage = 54;
 
 std::optional<int> wholeNumber(std::string_view text, int smallest, int largest) {
     int value = 0;
@@ -114,8 +126,21 @@ class Parser {
                 throw WrongUsage{"this system has no code page " +
                                  std::to_string(*options_.codePage)};
             }
+        } else if (name_ == "--kind") {
+            options_.kind = oneOf(kKinds, value(Command::icons));
+        } else if (name_ == "--night") {
+            flag(Command::icons);
+            options_.night = true;
+        } else if (name_ == "--zoom") {
+            const auto zoom = wholeNumber(value(Command::icons), 1, kLargestFactor);
+            if (!zoom) {
+                throw WrongUsage{"--zoom takes a whole number from 1 to 8"};
+            }
+            options_.zoom = *zoom;
+        } else if (name_ == "--labels") {
+            options_.labels = oneOf(kLabelModes, value(Command::icons));
         } else if (name_ == "--language") {
-            options_.language = anyValue();
+            language(anyValue());
         } else {
             throw WrongUsage{"there is no option " + name_};
         }
@@ -124,8 +149,10 @@ class Parser {
 
     void allowedFor(Command command) {
         if (!commandSeen_ || options_.command != command) {
-            throw WrongUsage{name_ + " belongs behind the command '" +
-                             std::string(command == Command::text ? "text" : "typ") + "'"};
+            const auto found = std::find_if(kCommands.begin(), kCommands.end(),
+                                            [&](const auto& c) { return c.command == command; });
+            throw WrongUsage{name_ + " belongs behind the command '" + std::string(found->name) +
+                             "'"};
         }
     }
     void flag(Command command) {
@@ -155,12 +182,37 @@ class Parser {
         return *read;
     }
 
+    template <typename Words>
+    typename Words::value_type::second_type oneOf(const Words& words, const std::string& word) {
+        std::string all;
+        for (const auto& [name, meaning] : words) {
+            if (name == word) {
+                return meaning;
+            }
+            all += (all.empty() ? "" : ", ") + std::string(name);
+        }
+        throw WrongUsage{name_ + " takes one of: " + all};
+    }
+    // Behind `icons` a number is the language of the labels; a name is that of messages.
+    void language(const std::string& value) {
+        const bool digits = value.find_first_not_of("0123456789") == std::string::npos;
+        if (!commandSeen_ || options_.command != Command::icons || !digits) {
+            options_.language = value;
+            return;
+        }
+        const auto number = wholeNumber(value, 0, kLastLanguage);
+        if (!number) {
+            throw WrongUsage{"--language takes a number from 0 to 54 or the name of a file"};
+        }
+        options_.labelLanguage = *number;
+    }
+
     void finish() {
         auto& names = options_.inputs;
         if (!commandSeen_) {
             throw WrongUsage{"a command is missing"};
         }
-        if (options_.command == Command::text || options_.command == Command::typ) {
+        if (options_.command <= Command::icons) {
             if (names.size() != 2) {
                 throw WrongUsage{"name one input and one output"};
             }
@@ -174,7 +226,7 @@ class Parser {
             throw WrongUsage{"standard input can be read only once"};
         }
         if (std::count(names.begin(), names.end(), "") > 0 ||
-            (options_.output.empty() && options_.command <= Command::typ)) {
+            (options_.output.empty() && options_.command <= Command::icons)) {
             throw WrongUsage{"a file name is empty"};
         }
     }

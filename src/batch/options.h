@@ -6,17 +6,19 @@
 #include <variant>
 #include <vector>
 
+#include "views/sheet_texts.h"
+
 namespace quillmark {
 
 // "-" in place of a file name: standard input or standard output.
 inline constexpr const char* kStandardStream = "-";
 
-enum class Command { text, typ, check, info, help, version };
+enum class Command { text, typ, icons, check, info, help, version };
 
 struct BatchOptions {
     Command command = Command::help;
-    std::vector<std::string> inputs;  // one for `text` and `typ`
-    std::string output;               // `text` and `typ` only
+    std::vector<std::string> inputs;  // one for `text`, `typ` and `icons`
+    std::string output;               // of these
     std::string language;             // name of a language file, empty for built-in French
 
     bool utf8 = false;              // the text in UTF-8 instead of the document's code page
@@ -27,6 +29,12 @@ struct BatchOptions {
     std::optional<int> fid;
     std::optional<int> productCode;
     std::optional<int> codePage;
+
+    ObjectKind kind = ObjectKind::none;  // of the icon sheet; none: the first with objects
+    bool night = false;
+    int zoom = 1;
+    LabelMode labels = LabelMode::none;
+    int labelLanguage = 1;
 };
 
 struct WrongUsage {

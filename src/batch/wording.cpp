@@ -2,12 +2,14 @@
 
 namespace quillmark::wording {
 
-const std::string_view kHelp = R"(Converts, checks and describes Garmin TYP files.
+const std::string_view kHelp = R"(Converts, checks, describes and shows Garmin TYP files.
 
   quillmark-batch text  IN OUT.txt [--utf8] [--poi-code long|short]
                         [--no-true-colours] [--no-header]
   quillmark-batch typ   IN OUT.typ [--header 91|110|156|164|174]
                         [--fid N] [--product N] [--codepage N]
+  quillmark-batch icons IN OUT.png [--kind polygon|polyline|poi|extrapoi] [--night]
+                        [--zoom N] [--labels none|text|type|both] [--language N]
   quillmark-batch check FILE...
   quillmark-batch info  FILE...
 
@@ -27,6 +29,14 @@ typ     compiles a text, or saves a TYP file anew
   --fid N            family number, 1 to 65535
   --product N        product code, 1 to 65535
   --codepage N       code page of the labels; they are converted to it
+
+icons   paints the icon sheet: all objects of a kind
+  --kind KIND        polygon, polyline, poi or extrapoi; without it the first of them
+                     that the file has
+  --night            the pictures by night
+  --zoom N           a pixel is N by N, 1 to 8
+  --labels MODE      below the pictures: none (default), text, type or both
+  --language N       of the labels, their language number from 0 to 54 (default 1)
 
 check   prints each file's journal, one line "FILE: error|warning: message" an entry
 info    prints header fields and counts; the hexadecimal number behind a count is a

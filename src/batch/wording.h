@@ -17,6 +17,7 @@ inline constexpr std::string_view kCannotWrite = "cannot be written: ";
 inline constexpr std::string_view kTooLarge = "it is larger than a file of this kind can be";
 inline constexpr std::string_view kStreamFailed = "the stream takes no more";
 inline constexpr std::string_view kNoLanguage = "there is no such language file, French is used";
+inline constexpr std::string_view kNoPaint = "this build of the program can't paint";
 inline constexpr std::string_view kLostCharacters =
     " characters that the code page lacks became \"?\"";
 inline constexpr std::string_view kLabelsCut = "labels became too long, the last ones are gone";

@@ -29,6 +29,13 @@ TEST(Usage, WrongOnesAreToldOnStandardErrorAndEndWithThree) {
                                    "text a b --utf8=yes",
                                    "text '' b",
                                    "typ a ''",
+                                   "icons a",
+                                   "icons a b --kind point",
+                                   "icons a b --zoom 9",
+                                   "icons a b --labels all",
+                                   "icons a b --language 55",
+                                   "icons a b --fid 1",
+                                   "typ a b --night",
                                    "check - a -",
                                    "check a --language",
                                    "--utf8 text a b"}) {
@@ -57,14 +64,29 @@ TEST(Usage, OptionsStandAnywhereBehindTheCommand) {
     EXPECT_EQ(options.codePage, 1251);
 }
 
+TEST(Usage, BehindIconsANumberIsTheLanguageOfTheLabels) {
+    const auto options = std::get<BatchOptions>(
+        parseOptions({"icons", "a", "b.png", "--kind=extrapoi", "--night", "--zoom", "8",
+                      "--labels", "both", "--language", "0", "--language", "English"}));
+    EXPECT_EQ(options.output, "b.png");
+    EXPECT_EQ(options.kind, ObjectKind::ExtraPOI);
+    EXPECT_TRUE(options.night);
+    EXPECT_EQ(options.zoom, 8);
+    EXPECT_EQ(options.labels, LabelMode::typeAndText);
+    EXPECT_EQ(options.labelLanguage, 0);
+    EXPECT_EQ(options.language, "English");
+    EXPECT_EQ(std::get<BatchOptions>(parseOptions({"check", "a", "--language=4"})).language, "4");
+}
+
 TEST(Usage, HelpAndVersionAnswerOnStandardOutput) {
     for (const Arguments& arguments : {Arguments{"--help"}, {"-h"}, {"typ", "--help"}}) {
         const auto run = runBatch(arguments);
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.err, "");
-        for (const char* word : {"text ", "typ ", "check ", "info ", "--utf8", "--poi-code",
-                                 "--no-true-colours", "--no-header", "--header", "--fid",
-                                 "--product", "--codepage", "--language", "--version"}) {
+        for (const char* word :
+             {"text ", "typ ", "icons ", "check ", "info ", "--utf8", "--poi-code",
+              "--no-true-colours", "--no-header", "--header", "--fid", "--product", "--codepage",
+              "--kind", "--night", "--zoom", "--labels", "--language", "--version"}) {
             EXPECT_TRUE(testing::holds(run.out, word)) << word;
         }
     }
