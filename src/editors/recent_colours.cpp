@@ -51,7 +51,10 @@ void rememberColour(Settings& settings, Couleur colour) {
     colours.resize(std::min(colours.size(), kRecentColours));
     std::string text;
     for (const Couleur recent : colours) {
-        text += (text.empty() ? "" : std::string(1, kSeparator)) + colourText(recent);
+        if (!text.empty()) {
+            text += kSeparator;
+        }
+        text += colourText(recent);
     }
     settings.setText(keys::kCouleursRecentes, text);
 }

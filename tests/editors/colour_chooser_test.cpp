@@ -35,11 +35,11 @@ struct ColourChooserTest : ::testing::Test {
     }
     const ChooserState& state() { return chooser->state(); }
     std::string colour() { return colourText(state().colour); }
-    // "R G B H S L"
+    // "R G B H S L "
     std::string fields() {
         std::string all;
         for (const std::string& text : state().fields) {
-            all += (all.empty() ? "" : " ") + text;
+            all += text + ' ';
         }
         return all;
     }
@@ -52,7 +52,7 @@ std::string joined(const std::array<int, 3>& a, const std::array<int, 3>& b) {
     std::string all;
     for (const auto* values : {&a, &b}) {
         for (const int value : *values) {
-            all += (all.empty() ? "" : " ") + std::to_string(value);
+            all += std::to_string(value) + ' ';
         }
     }
     return all;
