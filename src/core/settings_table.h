@@ -70,6 +70,13 @@ inline constexpr SettingKey kNombreLangues{
     kParametres, "NombreLangues", "1", SettingForm::number, 0, 4};
 inline constexpr SettingKey kApercu{kAffichage, "Apercu", "True", SettingForm::words};
 inline constexpr SettingKey kListesObjets{kAffichage, "ListesObjets", "True", SettingForm::words};
+// Zoom of the preview in hundredths, of the icon sheet as a factor.
+inline constexpr SettingKey kZoomApercu{kAffichage, "ZoomApercu", "300", SettingForm::number, 100,
+                                        800};
+inline constexpr SettingKey kZoomIcones{kAffichage, "ZoomIcones", "1", SettingForm::number, 1, 8};
+// What is seen through transparent pixels: map, light, dark, checker.
+inline constexpr SettingKey kFond{kAffichage, "Fond", "0", SettingForm::number, 0, 3};
+inline constexpr SettingKey kTransparence{kAffichage, "Transparence", "False", SettingForm::words};
 // Widths of the three panes in logical pixels, joined by commas.
 inline constexpr SettingKey kSeparateurs{kAffichage, "Separateurs", ""};
 // The tab of the colour chooser that was used last.

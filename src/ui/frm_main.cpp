@@ -14,9 +14,11 @@
 #include "session/start.h"
 #include "ui/document_card_panel.h"
 #include "ui/guard.h"
+#include "ui/icon_sheet_panel.h"
 #include "ui/icons.h"
 #include "ui/main_status_bar.h"
 #include "ui/object_lists_panel.h"
+#include "ui/preview_panel.h"
 #include "ui/qt_text.h"
 #include "ui/text_panel.h"
 #include "ui/welcome_page.h"
@@ -51,7 +53,6 @@ frmMain::frmMain(AppContext& context)
       panes_(new QSplitter),
       left_(new QWidget),
       middle_(new QStackedWidget),
-      right_(new QWidget),
       status_(new MainStatusBar) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowIcon(icon("quillmark"));
@@ -77,14 +78,17 @@ void frmMain::buildPanes() {
     text_ = new TextPanel(nullptr, context_);
     welcome_ = new WelcomePage(menus_.action("mnuNouveau"), menus_.action("mnuOuvrirTYP"));
 
+    sheet_ = new IconSheetPanel(context_);
+    right_ = new PreviewPanel(context_);
+
     auto* column = new QVBoxLayout(left_);
     column->addWidget(card_);
     column->addWidget(lists_, 1);
     left_->setObjectName(QStringLiteral("fraListes"));
-    right_->setObjectName(QStringLiteral("fraApercu"));
     middle_->setObjectName(QStringLiteral("fraMilieu"));
     middle_->addWidget(welcome_);
     middle_->addWidget(text_);
+    middle_->addWidget(sheet_);
 
     panes_->setObjectName(QStringLiteral("splPrincipal"));
     panes_->addWidget(left_);
@@ -104,6 +108,10 @@ void frmMain::observe() {
     }));
     connections_.push_back(session.documentChanged.connect([this](const Change& change) {
         if (change.what == Change::What::replaced) {
+            // Text is read as text; a compiled file opens as the preferences say.
+            const bool asText = context_.session.facts().OuvertEnTexte ||
+                                context_.settings.boolean(keys::kTexteAuDemarrage);
+            menus_.action(asText ? "mnuTexte" : "mnuIcones").setChecked(true);
             showMiddle();
         }
         showState();
@@ -117,9 +125,9 @@ void frmMain::observe() {
 }
 
 void frmMain::restoreGeometry() {
-    std::vector<Rectangle> screens;
+    std::vector<ScreenArea> screens;
     const auto rectangle = [](const QRect& area) {
-        return Rectangle{area.left(), area.top(), area.width(), area.height()};
+        return ScreenArea{area.left(), area.top(), area.width(), area.height()};
     };
     if (const QScreen* primary = QGuiApplication::primaryScreen()) {
         screens.push_back(rectangle(primary->availableGeometry()));
@@ -141,7 +149,7 @@ void frmMain::storeGeometryAtExit() {
     WindowAtExit window;
     window.maximised = isMaximized() || isFullScreen();
     if (!window.maximised && !isMinimized()) {
-        window.normal = Rectangle{x(), y(), width(), height()};
+        window.normal = ScreenArea{x(), y(), width(), height()};
     }
     window.knowsPlace = QGuiApplication::platformName() != QLatin1String("wayland");
     storeGeometry(context_.settings, window);
@@ -163,8 +171,9 @@ void frmMain::restoreLayout() {
     panes_->setSizes(usable ? widths : QList<int>{kLeft, kMiddle, kRight});
     connect(panes_, &QSplitter::splitterMoved, this,
             guarded("splPrincipal_Moved", "frmMain", [this] { saveSplitter(); }));
-    for (const auto& [name, key, pane] : {std::tuple{"mnuListesObjets", keys::kListesObjets, left_},
-                                          std::tuple{"mnuApercu", keys::kApercu, right_}}) {
+    for (const auto& [name, key, pane] :
+         {std::tuple{"mnuListesObjets", keys::kListesObjets, left_},
+          std::tuple{"mnuApercu", keys::kApercu, static_cast<QWidget*>(right_)}}) {
         const bool shown = context_.settings.boolean(key);
         menus_.action(name).setChecked(shown);
         pane->setVisible(shown);
@@ -185,8 +194,10 @@ void frmMain::saveSplitter() {
 
 void frmMain::showMiddle() {
     const bool hasDocument = context_.session.facts().hasDocument;
-    middle_->setCurrentWidget(hasDocument ? static_cast<QWidget*>(text_) : welcome_);
-    if (hasDocument) {
+    const bool asText = menus_.action("mnuTexte").isChecked();
+    QWidget* shown = asText ? static_cast<QWidget*>(text_) : sheet_;
+    middle_->setCurrentWidget(hasDocument ? shown : welcome_);
+    if (hasDocument && asText) {
         context_.session.refreshText();
     }
 }
@@ -244,7 +255,8 @@ void frmMain::closeEvent(QCloseEvent* event) {
             if (done) {
                 mayClose_ = true;
                 // Behind this event: a window that is closing doesn't hear another close.
-                QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(
+                    this, [this] { close(); }, Qt::QueuedConnection);
             }
         });
     })();

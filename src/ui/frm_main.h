@@ -14,8 +14,10 @@ class QStackedWidget;
 namespace quillmark {
 
 class DocumentCardPanel;
+class IconSheetPanel;
 class MainStatusBar;
 class ObjectListsPanel;
+class PreviewPanel;
 class TextPanel;
 class WelcomePage;
 class frmErreur;
@@ -64,7 +66,8 @@ class frmMain : public QMainWindow {
     QSplitter* panes_;
     QWidget* left_;
     QStackedWidget* middle_;
-    QWidget* right_;
+    PreviewPanel* right_;
+    IconSheetPanel* sheet_;
     WelcomePage* welcome_;
     TextPanel* text_;
     DocumentCardPanel* card_;

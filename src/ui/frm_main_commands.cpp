@@ -10,8 +10,10 @@
 #include "ui/frm_main.h"
 #include "ui/frm_recherche.h"
 #include "ui/guard.h"
+#include "ui/icon_sheet_panel.h"
 #include "ui/main_status_bar.h"
 #include "ui/object_lists_panel.h"
+#include "ui/preview_panel.h"
 #include "ui/qt_text.h"
 #include "ui/text_panel.h"
 #include "ui/welcome_page.h"
@@ -58,6 +60,15 @@ void frmMain::connectViewCommands() {
         settings.setBoolean(keys::kSauvegardeAuto, menus_.action("mnuSauvegardeAuto").isChecked());
     });
     menus_.on("mnuTexte", [this] { showText(); });
+    menus_.on("mnuIcones", [this] {
+        showMiddle();
+        sheet_->focusSheet();
+    });
+    sheet_->setObjectMenu(&menus_.menu("mnuObjets"));
+    right_->picturesChanged = [this] {
+        sheet_->readSettings();
+        lists_->readSettings();
+    };
     menus_.on("mnuMessages", [this] { openJournal(); });
     menus_.on("mnuRecherche", [this] { openSearch(); });
     menus_.on("mnuFiltrer", [this] {

@@ -20,12 +20,12 @@ int overlap(int start, int length, int otherStart, int otherLength) {
     return std::min(start + length, otherStart + otherLength) - std::max(start, otherStart);
 }
 
-bool holdsGrip(const Rectangle& screen, const Rectangle& window) {
+bool holdsGrip(const ScreenArea& screen, const ScreenArea& window) {
     return overlap(window.left, window.width, screen.left, screen.width) >= kGripWidth &&
            overlap(window.top, kGripHeight, screen.top, screen.height) >= kGripHeight;
 }
 
-Rectangle firstSize(const Rectangle& screen) {
+ScreenArea firstSize(const ScreenArea& screen) {
     if (screen.width < kFirstWidth || screen.height < kFirstHeight) {
         return {0, 0, screen.width * kFirstShare / 100, screen.height * kFirstShare / 100};
     }
@@ -34,24 +34,24 @@ Rectangle firstSize(const Rectangle& screen) {
 
 }  // namespace
 
-WindowGeometry startGeometry(const Settings& settings, const std::vector<Rectangle>& screens) {
+WindowGeometry startGeometry(const Settings& settings, const std::vector<ScreenArea>& screens) {
     WindowGeometry start;
     start.maximised = settings.number(keys::kWindowState) == kMaximised;
     start.normal = {settings.pixels(keys::kGauche), settings.pixels(keys::kDessus),
                     settings.pixels(keys::kLargeur), settings.pixels(keys::kHauteur)};
-    Rectangle& window = start.normal;
+    ScreenArea& window = start.normal;
     if (screens.empty()) {
         return start;
     }
     const bool first = !settings.isStored(keys::kLargeur) && !settings.isStored(keys::kHauteur);
     window.width = std::max(window.width, kLeastWidth);
     window.height = std::max(window.height, kLeastHeight);
-    const auto found = std::find_if(screens.begin(), screens.end(), [&](const Rectangle& screen) {
+    const auto found = std::find_if(screens.begin(), screens.end(), [&](const ScreenArea& screen) {
         return holdsGrip(screen, window);
     });
-    const Rectangle& screen = found == screens.end() ? screens.front() : *found;
+    const ScreenArea& screen = found == screens.end() ? screens.front() : *found;
     if (first) {
-        const Rectangle size = firstSize(screen);
+        const ScreenArea size = firstSize(screen);
         window.width = size.width;
         window.height = size.height;
     } else {

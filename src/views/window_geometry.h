@@ -9,28 +9,28 @@
 
 namespace quillmark {
 
-struct Rectangle {
+struct ScreenArea {
     int left = 0;
     int top = 0;
     int width = 0;
     int height = 0;
-    bool operator==(const Rectangle&) const = default;
+    bool operator==(const ScreenArea&) const = default;
 };
 
 struct WindowGeometry {
-    Rectangle normal;  // also of a maximised window, for when it is one no longer
+    ScreenArea normal;  // also of a maximised window, for when it is one no longer
     bool maximised = false;
 };
 
 // `screens` without what panels cover, the first one is the primary. Without screens the stored
 // values are taken as they are.
 [[nodiscard]] WindowGeometry startGeometry(const Settings& settings,
-                                           const std::vector<Rectangle>& screens);
+                                           const std::vector<ScreenArea>& screens);
 
 // What a window tells of itself when it goes.
 struct WindowAtExit {
     bool maximised = false;           // full screen too
-    std::optional<Rectangle> normal;  // of a window in its normal state
+    std::optional<ScreenArea> normal;  // of a window in its normal state
     bool knowsPlace = true;           // some platforms tell no window where it is
 };
 void storeGeometry(Settings& settings, const WindowAtExit& window);

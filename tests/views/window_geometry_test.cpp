@@ -6,15 +6,15 @@
 
 namespace quillmark {
 
-void PrintTo(const Rectangle& r, std::ostream* out) {
+void PrintTo(const ScreenArea& r, std::ostream* out) {
     *out << r.left << ',' << r.top << ' ' << r.width << 'x' << r.height;
 }
 
 namespace {
 
-const std::vector<Rectangle> kTwoScreens{{0, 0, 1920, 1080}, {1920, 0, 1280, 1024}};
+const std::vector<ScreenArea> kTwoScreens{{0, 0, 1920, 1080}, {1920, 0, 1280, 1024}};
 
-Rectangle placed(const Rectangle& stored, const std::vector<Rectangle>& screens) {
+ScreenArea placed(const ScreenArea& stored, const std::vector<ScreenArea>& screens) {
     MemorySettings store;
     Settings settings(store);
     settings.setPixels(keys::kGauche, stored.left);
@@ -27,20 +27,20 @@ Rectangle placed(const Rectangle& stored, const std::vector<Rectangle>& screens)
 TEST(WindowGeometry, FirstStartFitsTheScreen) {
     MemorySettings store;
     const Settings settings(store);
-    const auto first = [&](const Rectangle& screen) {
+    const auto first = [&](const ScreenArea& screen) {
         return startGeometry(settings, {screen}).normal;
     };
-    EXPECT_EQ(first({0, 0, 1920, 1080}), (Rectangle{13, 13, 961, 711}));
-    EXPECT_EQ(first({0, 0, 961, 711}), (Rectangle{13, 13, 961, 711}));
-    EXPECT_EQ(first({0, 0, 1024, 600}), (Rectangle{13, 13, 819, 480}));
+    EXPECT_EQ(first({0, 0, 1920, 1080}), (ScreenArea{13, 13, 961, 711}));
+    EXPECT_EQ(first({0, 0, 961, 711}), (ScreenArea{13, 13, 961, 711}));
+    EXPECT_EQ(first({0, 0, 1024, 600}), (ScreenArea{13, 13, 819, 480}));
     // Under a panel or on another screen's place the title bar couldn't be had.
-    EXPECT_EQ(first({0, 40, 1920, 1040}), (Rectangle{479, 204, 961, 711}));
+    EXPECT_EQ(first({0, 40, 1920, 1040}), (ScreenArea{479, 204, 961, 711}));
     EXPECT_FALSE(startGeometry(settings, {}).maximised);
 }
 
 TEST(WindowGeometry, StoredPlaceStaysWhereItCanBeReached) {
     struct Case {
-        Rectangle stored, expected;
+        ScreenArea stored, expected;
     };
     const std::vector<Case> cases{
         {{100, 50, 1000, 700}, {100, 50, 1000, 700}},
@@ -63,25 +63,25 @@ TEST(WindowGeometry, StoredPlaceStaysWhereItCanBeReached) {
         EXPECT_EQ(placed(each.stored, kTwoScreens), each.expected)
             << ::testing::PrintToString(each.stored);
     }
-    EXPECT_EQ(placed({0, 0, 1000, 700}, {{0, 0, 640, 480}}), (Rectangle{0, 0, 640, 480}));
+    EXPECT_EQ(placed({0, 0, 1000, 700}, {{0, 0, 640, 480}}), (ScreenArea{0, 0, 640, 480}));
 }
 
 TEST(WindowGeometry, MaximisedWindowKeepsItsNormalSize) {
     MemorySettings store;
     Settings settings(store);
-    storeGeometry(settings, {false, Rectangle{100, 50, 1000, 700}, true});
+    storeGeometry(settings, {false, ScreenArea{100, 50, 1000, 700}, true});
     storeGeometry(settings, {true, std::nullopt, true});
     EXPECT_EQ(settings.text(keys::kWindowState), "2");
     WindowGeometry start = startGeometry(settings, kTwoScreens);
     EXPECT_TRUE(start.maximised);
-    EXPECT_EQ(start.normal, (Rectangle{100, 50, 1000, 700}));
+    EXPECT_EQ(start.normal, (ScreenArea{100, 50, 1000, 700}));
 
     // An icon keeps nothing but that it isn't maximised; without a place the old one stays.
     storeGeometry(settings, {false, std::nullopt, true});
-    storeGeometry(settings, {false, Rectangle{0, 0, 1100, 800}, false});
+    storeGeometry(settings, {false, ScreenArea{0, 0, 1100, 800}, false});
     start = startGeometry(settings, kTwoScreens);
     EXPECT_FALSE(start.maximised);
-    EXPECT_EQ(start.normal, (Rectangle{100, 50, 1100, 800}));
+    EXPECT_EQ(start.normal, (ScreenArea{100, 50, 1100, 800}));
 
     for (const std::string state : {"1", "3", "-1", "x", ""}) {
         settings.setText(keys::kWindowState, state);

@@ -1,0 +1,54 @@
+// The icon sheet with its tabs and its zoom.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "core/signal.h"
+#include "ui/app_context.h"
+
+class QLabel;
+class QMenu;
+class QSlider;
+class QTabBar;
+
+namespace quillmark {
+
+class IconSheetView;
+
+class IconSheetPanel : public QWidget {
+  public:
+    explicit IconSheetPanel(AppContext& context, QWidget* parent = nullptr);
+
+    // What a right click on an object opens.
+    void setObjectMenu(QMenu* menu);
+    std::function<void(const ObjectRef&)> editRequested;
+    // The preferences, or the ground of pictures, changed.
+    void readSettings();
+    void focusSheet();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+
+  private:
+    void build();
+    void connectControls();
+    void retranslate();
+    void refresh();
+    void showKind(ObjectKind kind);
+    void followCurrent();
+    void setZoom(int factor);
+
+    AppContext& context_;
+    QTabBar* kinds_;
+    QLabel* lblZoom_;
+    QSlider* sldZoomIcons_;
+    IconSheetView* picAfficheTout_;
+    QMenu* menu_ = nullptr;
+    ObjectKind kind_ = ObjectKind::Polygone;
+    bool stale_ = true;
+    std::vector<Connection> connections_;
+};
+
+}  // namespace quillmark
