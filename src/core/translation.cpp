@@ -67,6 +67,7 @@ Traduction::Traduction() = default;
 Traduction::Traduction(const std::vector<fs::path>& folders, std::string_view langue) {
     const fs::path file = languageFile(folders, langue);
     if (!file.empty()) {
+        langue_ = utf8Name(file.stem());
         file_ = std::make_shared<const Profile>(Profile::load(file));
     }
 }

@@ -23,10 +23,13 @@ class Traduction {
     // Folders::dataFolders); the defaults without it. Read once, whatever happens to the file.
     Traduction(const std::vector<std::filesystem::path>& folders, std::string_view langue);
 
+    // The name of the file that is read, `kFrancais` without one.
+    [[nodiscard]] const std::string& Langue() const { return langue_; }
     [[nodiscard]] std::string Trad(std::string_view section, std::string_view defaut,
                                    std::string_view cle) const;
 
   private:
+    std::string langue_{kFrancais};
     std::shared_ptr<const Profile> file_;
 };
 

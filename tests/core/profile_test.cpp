@@ -131,6 +131,8 @@ TEST(Translation, LanguageFilesAreFoundByNameAndFallBackToTheDefault) {
         EXPECT_EQ(word(absent), "&Nouveau") << absent;
     }
     const Traduction english(both, "English");
+    EXPECT_EQ(Traduction(both, "english").Langue(), "English");
+    EXPECT_EQ(Traduction(both, "nowhere").Langue(), kFrancais);
     std::filesystem::remove(installed / "English.lng");
     EXPECT_EQ(english.Trad("Main", "défaut", "empty"), "");
     EXPECT_EQ(english.Trad("Editer", "défaut", "mnuNouveau"), "défaut");
