@@ -80,6 +80,8 @@ Bytes sheetPng(const Document& document, const Traduction& traduction,
         theme.font.setPixelSize(qRound(kFontSize * kPixelsInPoint));
         shown.lineHeight = sheetLineHeight(theme.font);
     }
+    SheetPainter cells(0);  // each is painted once
+    cells.setTheme(theme);
     IconSheet sheet(document, traduction);
     sheet.setOptions(shown);
     const int columns = std::clamp(kWidest / sheet.layout().cellWidth(), 1, kCellsInRow);
@@ -101,8 +103,7 @@ Bytes sheetPng(const Document& document, const Traduction& traduction,
         band.fill(theme.ground);
         QPainter painter(&band);
         for (const SheetCell& cell : sheet.cells(top, bandSize.height())) {
-            paintCell(painter, sheet, cell, theme, QPoint(static_cast<int>(cell.frame.x), 0),
-                      false);
+            cells.paint(painter, sheet, cell, QPoint(static_cast<int>(cell.frame.x), 0), false);
         }
         painter.end();
         writeBand(png, band);

@@ -80,8 +80,9 @@ TEST(SheetPainter, PicturesStandOnTheirGroundInWholePixels) {
         QImage canvas(48 * ratio, 48 * ratio, QImage::Format_RGB32);
         canvas.setDevicePixelRatio(ratio);
         QPainter painter(&canvas);
-        const SheetTheme theme{QFont(), Qt::white, Qt::black, Qt::red, Ground::map};
-        paintCell(painter, sheet, sheet.cell(0), theme, {0, 0}, false);
+        SheetPainter cells;
+        cells.setTheme({QFont(), Qt::white, Qt::black, Qt::red, Ground::map});
+        cells.paint(painter, sheet, sheet.cell(0), {0, 0}, false);
         painter.end();
         const Image shown = fromQt(canvas);
         const int place = 23 * ratio;
