@@ -36,6 +36,7 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
     theme_.selection = palette().color(QPalette::Highlight);
     theme_.frame = between(theme_.ground, palette().color(QPalette::Mid));
     theme_.picture = ground;
+    cells_.setTheme(theme_);
     SheetOptions own = options;
     own.lineHeight = sheetLineHeight(font);
     own.ratio = devicePixelRatioF();
@@ -101,7 +102,7 @@ void IconSheetView::paintEvent(QPaintEvent* event) {
     for (const SheetCell& cell : sheet_.cells(top + event->rect().top(), event->rect().height())) {
         const QPoint corner(static_cast<int>(cell.frame.x) - horizontalScrollBar()->value(),
                             static_cast<int>(cell.frame.y - top));
-        paintCell(painter, sheet_, cell, theme_, corner, cell.index == currentCell);
+        cells_.paint(painter, sheet_, cell, corner, cell.index == currentCell);
     }
 }
 

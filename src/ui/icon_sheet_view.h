@@ -49,6 +49,7 @@ class IconSheetView : public QAbstractScrollArea {
     const Document& document_;
     IconSheet sheet_;
     SheetTheme theme_;
+    SheetPainter cells_;
     ObjectRef current_;
     int pressed_ = -1;
     int wheel_ = 0;  // what remains of turns smaller than a step
