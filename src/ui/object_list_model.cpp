@@ -31,7 +31,7 @@ void ObjectListModel::showRows() {
         endInsertRows();
     }
     if (rows > 0) {
-        Q_EMIT dataChanged(index(0, 0), index(rows - 1, 1));
+        Q_EMIT dataChanged(index(0, 0), index(rows - 1, kPictureColumn));
     }
 }
 
@@ -40,13 +40,16 @@ int ObjectListModel::rowCount(const QModelIndex& parent) const {
 }
 
 int ObjectListModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : 2;
+    return parent.isValid() ? 0 : kPictureColumn + 1;
 }
 
 QVariant ObjectListModel::data(const QModelIndex& index, int role) const {
     const int entry = list_.indexAt(index.row());
     if (entry < 0) {
         return {};
+    }
+    if (index.column() == kPictureColumn && role != Qt::ToolTipRole) {
+        return role == Qt::DecorationRole && picture ? QVariant(picture(entry)) : QVariant();
     }
     switch (role) {
         case Qt::DisplayRole:

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QPixmap>
+#include <functional>
 
 #include "views/object_list.h"
 
@@ -11,6 +13,11 @@ class ObjectListModel : public QAbstractTableModel {
   public:
     // The index of an Active Routing line's colour, invalid without one.
     static constexpr int kActivityRole = Qt::UserRole;
+    // Columns: the row's text, its name, the object by day and night.
+    static constexpr int kPictureColumn = 2;
+
+    // Makes the picture of an object, asked for when its row is first seen.
+    std::function<QPixmap(int index)> picture;
 
     ObjectListModel(ListKind kind, RowSources sources) : list_(kind, std::move(sources)) {}
 

@@ -4,10 +4,12 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScopedValueRollback>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/object_list_texts.h"
@@ -49,7 +51,9 @@ ObjectListPage::ObjectListPage(AppContext& context, ListKind kind)
       kind_(kind),
       model_(kind, {context.session.document(), context.traduction,
                     [&context]() -> const Profile& { return context.session.types(); }}),
+      thumbnails_(context.session.document()),
       view_(new ObjectListView(model_)) {
+    model_.picture = [this](int index) { return picture(index); };
     build();
     connectControls();
     readSettings();
@@ -114,6 +118,23 @@ void ObjectListPage::connectControls() {
     view_->deleteRequested = remove;
 }
 
+QPixmap ObjectListPage::picture(int index) {
+    const auto thumbnail = thumbnails_.of({objectKind(kind_), index, 0});
+    const double ratio = thumbnails_.shape().ratio;
+    const int side = ObjectListView::kPictureSide;
+    const int step = side + ObjectListView::kPictureGap;
+    QPixmap both(QSizeF((step + side) * ratio, side * ratio).toSize());
+    both.setDevicePixelRatio(ratio);
+    both.fill(Qt::transparent);
+    QPainter painter(&both);
+    for (const bool night : {false, true}) {
+        QImage one = toQImage(night ? thumbnail->night : thumbnail->day);
+        one.setDevicePixelRatio(ratio);
+        painter.drawImage(QPointF(night ? step : 0, 0), one);
+    }
+    return both;
+}
+
 void ObjectListPage::setEditors(const ObjectEditors& editors) {
     editors_ = editors;
     showStates();
@@ -125,6 +146,9 @@ void ObjectListPage::readSettings() {
         colours[k] = context_.settings.number(keys::kActiveRoutingColor[k]);
     }
     view_->setActivityColours(colours);
+    thumbnails_.setShape({ObjectListView::kPictureSide, devicePixelRatioF(),
+                          static_cast<Ground>(context_.settings.number(keys::kFond)),
+                          context_.settings.boolean(keys::kTransparence)});
     refresh({});
 }
 

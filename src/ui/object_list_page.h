@@ -5,6 +5,7 @@
 
 #include "ui/app_context.h"
 #include "ui/object_list_view.h"
+#include "views/thumbnails.h"
 
 class QLineEdit;
 class QToolButton;
@@ -38,6 +39,7 @@ class ObjectListPage : public QWidget {
   private:
     void build();
     void connectControls();
+    [[nodiscard]] QPixmap picture(int index);
     void selectionMoved();
     void cmdModifier_Click();
     void cmdNouveau_Click();
@@ -48,6 +50,7 @@ class ObjectListPage : public QWidget {
     ListKind kind_;
     ObjectEditors editors_;
     ObjectListModel model_;
+    Thumbnails thumbnails_;
     QLineEdit* filter_;
     QToolButton* create_;
     QToolButton* edit_;

@@ -34,11 +34,28 @@ class ObjectRowDelegate : public QStyledItemDelegate {
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override {
         const QSize size = QStyledItemDelegate::sizeHint(option, index);
-        return {size.width(), std::max(size.height(), option.fontMetrics.height() * 3 / 2)};
+        return {size.width(),
+                std::max({size.height(), option.fontMetrics.height() * 3 / 2,
+                          ObjectListView::kPictureSide + 2 * ObjectListView::kPictureGap})};
+    }
+    // Colours of pictures mean something, so a selected row doesn't tint them.
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (index.column() == ObjectListModel::kPictureColumn) {
+            const auto drawn = index.data(Qt::DecorationRole).value<QPixmap>();
+            const QSize size = drawn.deviceIndependentSize().toSize();
+            painter->drawPixmap(option.rect.x() + ObjectListView::kPictureGap,
+                                option.rect.y() + (option.rect.height() - size.height()) / 2,
+                                drawn);
+        }
     }
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        if (index.column() == ObjectListModel::kPictureColumn) {
+            return;
+        }
         QStyledItemDelegate::initStyleOption(option, index);
         option->textElideMode = Qt::ElideRight;
         if (!hasActivities) {
@@ -101,6 +118,10 @@ ObjectListView::ObjectListView(ObjectListModel& model) : rows_(model) {
     header()->setSectionResizeMode(0, QHeaderView::Fixed);
     header()->setSectionResizeMode(1, QHeaderView::Stretch);
     header()->setMinimumSectionSize(0);
+    header()->setSectionResizeMode(ObjectListModel::kPictureColumn, QHeaderView::Fixed);
+    header()->resizeSection(ObjectListModel::kPictureColumn, 2 * kPictureSide + 3 * kPictureGap);
+    header()->moveSection(ObjectListModel::kPictureColumn, 0);
+    setColumnHidden(ObjectListModel::kPictureColumn, model.list().kind() == ListKind::Draworder);
 }
 
 void ObjectListView::setActivityColours(const std::array<Couleur, 6>& colours) {

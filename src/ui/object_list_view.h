@@ -13,6 +13,10 @@ namespace quillmark {
 
 class ObjectListView : public QTreeView {
   public:
+    // Side of each of the two pictures of a row, in logical pixels, and what lies between them.
+    static constexpr int kPictureSide = 20;
+    static constexpr int kPictureGap = 3;
+
     explicit ObjectListView(ObjectListModel& model);
 
     // What Enter or a double click, Insert and Delete ask for.
