@@ -4,14 +4,12 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QMimeData>
-#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/paths.h"
-#include "session/start.h"
 #include "ui/document_card_panel.h"
 #include "ui/guard.h"
 #include "ui/icon_sheet_panel.h"
@@ -24,7 +22,6 @@
 #include "ui/welcome_page.h"
 #include "views/command_states.h"
 #include "views/document_card.h"
-#include "views/window_geometry.h"
 
 namespace quillmark {
 namespace {
@@ -62,12 +59,14 @@ frmMain::frmMain(AppContext& context)
     connectCommands();
     connectViewCommands();
     observe();
-    restoreGeometry();
     restoreLayout();
     retranslate();
     showState();
     showRecentFiles();
     showMiddle();
+    if (context_.firstStart) {
+        offerPlatformLanguage();
+    }
 }
 
 frmMain::~frmMain() = default;
@@ -124,40 +123,6 @@ void frmMain::observe() {
             [this](QWidget* /*old*/, QWidget* now) { menus_.followFocus(now); });
 }
 
-void frmMain::restoreGeometry() {
-    std::vector<ScreenArea> screens;
-    const auto rectangle = [](const QRect& area) {
-        return ScreenArea{area.left(), area.top(), area.width(), area.height()};
-    };
-    if (const QScreen* primary = QGuiApplication::primaryScreen()) {
-        screens.push_back(rectangle(primary->availableGeometry()));
-    }
-    for (const QScreen* screen : QGuiApplication::screens()) {
-        if (screen != QGuiApplication::primaryScreen()) {
-            screens.push_back(rectangle(screen->availableGeometry()));
-        }
-    }
-    const WindowGeometry geometry = startGeometry(context_.settings, screens);
-    resize(geometry.normal.width, geometry.normal.height);
-    move(geometry.normal.left, geometry.normal.top);
-    if (geometry.maximised) {
-        setWindowState(Qt::WindowMaximized);
-    }
-}
-
-void frmMain::storeGeometryAtExit() {
-    WindowAtExit window;
-    window.maximised = isMaximized() || isFullScreen();
-    if (!window.maximised && !isMinimized()) {
-        window.normal = ScreenArea{x(), y(), width(), height()};
-    }
-    window.knowsPlace = QGuiApplication::platformName() != QLatin1String("wayland");
-    storeGeometry(context_.settings, window);
-    context_.settings.setBoolean(keys::kSauvegardeAuto,
-                                 menus_.action("mnuSauvegardeAuto").isChecked());
-    cleanUpAtExit(context_.settings, context_.folders, context_.Version);
-}
-
 void frmMain::restoreLayout() {
     const QStringList stored =
         toQt(context_.settings.text(keys::kSeparateurs)).split(QLatin1Char(','));
@@ -203,6 +168,9 @@ void frmMain::showMiddle() {
 }
 
 void frmMain::retranslate() {
+    menus_.explain("mnuMiseAJour", toQt(context_.traduction.Trad(
+                                       "Preferences", "Aucune adresse de mise à jour n'est réglée.",
+                                       "chkUpdateTip")));
     menus_.retranslate(context_.traduction);
     status_->retranslate(context_.traduction);
     welcome_->retranslate(context_.traduction);
@@ -245,7 +213,8 @@ void frmMain::Form_QueryUnload(const Session::Then& then) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     if (mayClose_) {
-        guarded("Form_Unload", "frmMain", [this] { storeGeometryAtExit(); })();
+        context_.settings.setBoolean(keys::kSauvegardeAuto,
+                                     menus_.action("mnuSauvegardeAuto").isChecked());
         event->accept();
         return;
     }

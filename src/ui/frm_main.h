@@ -45,8 +45,6 @@ class frmMain : public QMainWindow {
     void connectCommands();
     void connectViewCommands();
     void observe();
-    void restoreGeometry();
-    void storeGeometryAtExit();
     void restoreLayout();
     void saveSplitter();
 
@@ -58,7 +56,6 @@ class frmMain : public QMainWindow {
 
     void openJournal();
     void openSearch();
-    void chooseLanguage();
     void offerPlatformLanguage();
 
     AppContext& context_;
@@ -77,7 +74,6 @@ class frmMain : public QMainWindow {
     QPointer<frmRecherche> search_;
     std::vector<Connection> connections_;
     bool mayClose_ = false;
-    bool firstStart_ = false;
 };
 
 }  // namespace quillmark

@@ -6,9 +6,14 @@
 
 #include "core/paths.h"
 #include "ui/document_card_panel.h"
+#include "ui/frm_about.h"
 #include "ui/frm_erreur.h"
+#include "ui/frm_labels.h"
+#include "ui/frm_langues.h"
 #include "ui/frm_main.h"
 #include "ui/frm_recherche.h"
+#include "ui/frm_sauvegardetxt.h"
+#include "ui/frm_update.h"
 #include "ui/guard.h"
 #include "ui/icon_sheet_panel.h"
 #include "ui/main_status_bar.h"
@@ -17,6 +22,7 @@
 #include "ui/qt_text.h"
 #include "ui/text_panel.h"
 #include "ui/welcome_page.h"
+#include "views/language_choice.h"
 
 namespace quillmark {
 
@@ -71,11 +77,33 @@ void frmMain::connectViewCommands() {
     };
     menus_.on("mnuMessages", [this] { openJournal(); });
     menus_.on("mnuRecherche", [this] { openSearch(); });
+    menus_.on("mnuChoixLangue", [this] { frmLangues(this, context_).exec(); });
+    menus_.on("mnusauvegardetexte", [this] { frmSauvegardetxt(this, context_).exec(); });
+    menus_.on("mnuAProposDe", [this] { frmAbout(this, context_).exec(); });
+    if (!settings.text(keys::kMajAdresse).empty()) {
+        menus_.on("mnuMiseAJour", [this] { frmUpdate(this, context_).exec(); });
+    }
+    menus_.on("cmdLabels", [this] { frmLabels(this, context_).exec(); });
     menus_.on("mnuFiltrer", [this] {
         menus_.action("mnuListesObjets").setChecked(true);
         left_->show();
         lists_->focusFilter();
     });
+}
+
+void frmMain::offerPlatformLanguage() {
+    std::vector<std::string> preferred;
+    for (const QString& language : QLocale::system().uiLanguages()) {
+        preferred.push_back(fromQt(language));
+    }
+    const auto offered = languageOffer(preferred, context_.folders);
+    if (offered) {
+        status_->offer(offered->line, [this, Langue = offered->Langue] {
+            LanguageChoice(context_.folders, context_.settings, context_.traduction,
+                           context_.languageChanged)
+                .choose(Langue);
+        });
+    }
 }
 
 void frmMain::showText() {

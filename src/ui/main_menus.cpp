@@ -284,7 +284,7 @@ void MainMenus::showState(const QByteArray& name) {
                QLatin1Char(')');
     }
     if (!handled) {
-        tip += QLatin1Char('\n') + laterTip_;
+        tip += QLatin1Char('\n') + reasons_.value(name, laterTip_);
     }
     shown.setToolTip(tip);
 }

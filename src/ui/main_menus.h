@@ -27,6 +27,8 @@ class MainMenus : public QObject {
     // nothing was given to stays disabled, with a tip that says so.
     void on(const char* name, std::function<void()> handler);
 
+    // Why a command that was given nothing is disabled, where it isn't for want of a window.
+    void explain(const char* name, const QString& reason) { reasons_.insert(name, reason); }
     void retranslate(const Traduction& traduction);
     void setStates(const CommandStates& states);
     // The six commands of the edit menu act on the text control that has the focus.
@@ -49,6 +51,7 @@ class MainMenus : public QObject {
     QHash<QByteArray, int> needs_;  // by name: which state enables it
     QHash<QByteArray, bool> handled_;
     QToolBar* toolBar_ = nullptr;
+    QHash<QByteArray, QString> reasons_;
     QString laterTip_;
     QString clearText_;
 };

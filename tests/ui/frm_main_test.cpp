@@ -115,8 +115,6 @@ TEST_F(MainWindow, ClosesOnlyAsTheQuestionIsAnswered) {
     window.close();
     QCoreApplication::sendPostedEvents();
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(program.settings.text(keys::kWindowState), "0");
-    EXPECT_TRUE(program.settings.isStored(keys::kLargeur));
 }
 
 TEST_F(MainWindow, EditsInTheTextAreAppliedByTheirButtonAndUndoneWithTheDocument) {
