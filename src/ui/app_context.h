@@ -25,6 +25,8 @@ struct AppContext {
     Signal<>& languageChanged;
     // As `mnuAProposDe` and the title show it.
     std::string Version = "v" QUILLMARK_VERSION;
+    // Nobody chose a language for the windows yet.
+    bool firstStart = false;
 };
 
 }  // namespace quillmark

@@ -1,5 +1,6 @@
 // Pictures of the main window and of every dialogue, for people to look at.
 //   quillmark-screenshots OUTDIR FILE LANGUAGE light|dark
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QMenu>
@@ -10,12 +11,16 @@
 #include <functional>
 
 #include "core/paths.h"
+#include "ui/frm_about.h"
 #include "ui/frm_erreur.h"
 #include "ui/frm_inputbox.h"
+#include "ui/frm_labels.h"
+#include "ui/frm_langues.h"
 #include "ui/frm_main.h"
 #include "ui/frm_msgbox.h"
 #include "ui/frm_preferences.h"
 #include "ui/frm_recherche.h"
+#include "ui/frm_sauvegardetxt.h"
 #include "ui/program.h"
 #include "ui/qt_text.h"
 #include "ui/text_panel.h"
@@ -83,6 +88,16 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     }
     program.session.typeHeaderField(HeaderField::FID, "4242");
     album.take(window, "main-selected");
+    for (const auto& [kind, name] : {std::pair{ObjectKind::Polygone, "sheet-polygons"},
+                                     std::pair{ObjectKind::Polyline, "sheet-lines"},
+                                     std::pair{ObjectKind::POI, "sheet-points"}}) {
+        if (objectCount(program.document, kind) > 0) {
+            program.current.choose({kind, 0, 0});
+            window.menus().action("mnuIcones").trigger();
+            album.take(window, name);
+        }
+    }
+    window.menus().action("mnuTexte").trigger();
     for (QMenu* menu : window.findChildren<QMenu*>()) {
         if (!menu->isEmpty()) {
             album.take(*menu, qPrintable(QStringLiteral("menu-") + menu->objectName()));
@@ -106,6 +121,14 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     album.take(message, "message-long");
     frmInputBox input(&window, t, "Page de code", {}, "1252");
     album.take(input, "input");
+    frmLangues languages(&window, program.context);
+    album.take(languages, "languages");
+    frmSauvegardetxt backups(&window, program.context);
+    album.take(backups, "backups");
+    frmAbout about(&window, program.context);
+    album.take(about, "about");
+    frmLabels labels(&window, program.context);
+    album.take(labels, "labels");
     frmPreferences preferences(&window, program.context, {});
     album.take(preferences, "preferences");
     if (auto* text = window.findChild<TextPanel*>()) {
