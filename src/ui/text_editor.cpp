@@ -84,12 +84,16 @@ void TextEditor::layOutNumbers() {
 void TextEditor::resizeEvent(QResizeEvent* event) {
     QPlainTextEdit::resizeEvent(event);
     layOutNumbers();
+    // The line that is being typed in stays in sight when what stands below appears.
+    if (hasFocus() && event->oldSize().height() > event->size().height()) {
+        ensureCursorVisible();
+    }
 }
 
 void TextEditor::showEvent(QShowEvent* event) {
     QPlainTextEdit::showEvent(event);
     if (wanted_ && !isFilling()) {
-        bringIntoSight(*wanted_);
+        bringIntoSight(wanted_->first, wanted_->second);
     }
 }
 

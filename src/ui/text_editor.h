@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "text/search.h"
 #include "ui/edited_range.h"
@@ -107,7 +109,7 @@ class TextEditor : public QPlainTextEdit {
     [[nodiscard]] int lineCount() const;
     [[nodiscard]] Place place() const;
     void restore(const Place& place);
-    void bringIntoSight(int line);
+    void bringIntoSight(int first, int last);
 
     void followFont();
     void followPalette();
@@ -133,7 +135,8 @@ class TextEditor : public QPlainTextEdit {
     QTextCursor markEnd_;
     int lines_ = 0;                             // of the text that is being filled in
     std::vector<std::function<void()>> later_;  // to be done once it stands there
-    std::optional<int> wanted_;  // a line to be brought into sight once there is a size
+    // Lines to be brought into sight once there is a size.
+    std::optional<std::pair<int, int>> wanted_;
 };
 
 }  // namespace quillmark

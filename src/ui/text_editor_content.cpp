@@ -11,6 +11,7 @@ namespace quillmark {
 namespace {
 
 constexpr int kLinesAbove = 3;  // left above a line that is brought into sight
+constexpr int kUpperPart = 3;   // of the height, where a long section may begin
 
 }  // namespace
 
@@ -141,7 +142,7 @@ void TextEditor::markLines(int first, int last) {
     if (line < markStart_.blockNumber() || line > markEnd_.blockNumber()) {
         setTextCursor(markStart_);
     }
-    bringIntoSight(markStart_.blockNumber());
+    bringIntoSight(markStart_.blockNumber(), markEnd_.blockNumber());
     viewport()->update();
 }
 
@@ -153,19 +154,31 @@ void TextEditor::goToLine(int line) {
     }
     const int end = document()->blockCount() - 1;
     setTextCursor(QTextCursor(document()->findBlockByNumber(std::clamp(line, 0, end))));
-    bringIntoSight(textCursor().blockNumber());
+    bringIntoSight(textCursor().blockNumber(), textCursor().blockNumber());
 }
 
-void TextEditor::bringIntoSight(int line) {
+void TextEditor::bringIntoSight(int first, int last) {
     wanted_.reset();
     if (!isVisible()) {
-        wanted_ = line;  // without a size nothing can be scrolled
+        wanted_ = {first, last};  // without a size nothing can be scrolled
         return;
     }
-    const QTextBlock block = document()->findBlockByNumber(line);
-    const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
-    if (place.top() < 0 || place.bottom() > viewport()->height()) {
-        verticalScrollBar()->setValue(std::max(0, block.firstLineNumber() - kLinesAbove));
+    // Lines that are seen whole.
+    const int height = viewport()->height();
+    QTextBlock block = firstVisibleBlock();
+    const int top = block.blockNumber();
+    int bottom = top - 1;
+    for (qreal y = contentOffset().y(); block.isValid(); block = block.next(), ++bottom) {
+        y += blockBoundingRect(block).height();
+        if (y > height) {
+            break;
+        }
+    }
+    const bool seen = first >= top && first <= bottom;
+    // Of what is too long or too low, the beginning matters.
+    if (!seen || (last > bottom && first > top + (bottom - top) / kUpperPart)) {
+        const int line = document()->findBlockByNumber(first).firstLineNumber();
+        verticalScrollBar()->setValue(std::max(0, line - kLinesAbove));
     }
 }
 
@@ -181,7 +194,7 @@ void TextEditor::selectRange(const TextRange& range) {
     cursor.setPosition(start);
     cursor.setPosition(start + static_cast<int>(range.length), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
-    bringIntoSight(cursor.blockNumber());
+    bringIntoSight(cursor.blockNumber(), cursor.blockNumber());
     ensureCursorVisible();
 }
 
