@@ -46,7 +46,7 @@ std::string TextEditor::content() const {
 
 void TextEditor::setContent(const std::string& text) {
     const QString before = isFilling() || edited_ ? document()->toRawText() : range_.original();
-    QString after = rawText(text);
+    const QString after = rawText(text);
     Place place = isFilling() ? kept_ : this->place();
     filler_.stop();
     const LineDifference change(viewOf(before), viewOf(after));
@@ -62,10 +62,9 @@ void TextEditor::setContent(const std::string& text) {
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
     showReadOnly();
-    const auto head = static_cast<qsizetype>(change.head());
     const auto tail = static_cast<qsizetype>(change.tail());
-    filler_.replace(static_cast<int>(head), static_cast<int>(before.size() - tail),
-                    after.mid(head, after.size() - head - tail));
+    filler_.replace(static_cast<int>(change.head()), static_cast<int>(before.size() - tail), after,
+                    after.size() - tail);
 }
 
 void TextEditor::filledUp() {

@@ -22,20 +22,25 @@ TextFiller::TextFiller(QTextDocument& document, std::function<void()> done)
                      guarded("remplirTexte", "frmMain", [this] { work(false); }));
 }
 
-void TextFiller::replace(int start, int end, QString text) {
+void TextFiller::replace(int start, int end, const QString& text, qsizetype textEnd) {
     cursor_.setPosition(start);
     remove_ = end - start;
-    text_ = std::move(text);
-    put_ = 0;
+    text_ = text;
+    put_ = start;
+    textEnd_ = textEnd;
     active_ = true;
-    work(remove_ + text_.size() <= kAtOnce);
+    if (remove_ + textEnd_ - put_ <= kAtOnce) {
+        work(true);
+    } else {
+        timer_.start();
+    }
 }
 
 void TextFiller::stop() {
     timer_.stop();
     active_ = false;
     text_.clear();
-    put_ = 0;
+    put_ = textEnd_ = 0;
     remove_ = 0;
 }
 
@@ -60,20 +65,22 @@ void TextFiller::work(bool all) {
     done_();
 }
 
+// The new text first, so that what is seen is right at once.
 void TextFiller::step() {
-    if (remove_ > 0) {
-        const int count = std::min(remove_, static_cast<int>(kPiece));
-        cursor_.setPosition(cursor_.position() + count, QTextCursor::KeepAnchor);
-        cursor_.removeSelectedText();
-        remove_ -= count;
+    if (put_ < textEnd_) {
+        qsizetype end = std::min(put_ + kPiece, textEnd_);
+        if (end < textEnd_ && text_.at(end - 1).isHighSurrogate()) {
+            ++end;
+        }
+        cursor_.insertText(text_.mid(put_, end - put_));
+        put_ = end;
         return;
     }
-    qsizetype end = std::min(put_ + kPiece, text_.size());
-    if (end < text_.size() && text_.at(end - 1).isHighSurrogate()) {
-        ++end;
-    }
-    cursor_.insertText(text_.mid(put_, end - put_));
-    put_ = end;
+    const int count = std::min(remove_, static_cast<int>(kPiece));
+    QTextCursor removed(cursor_);
+    removed.setPosition(cursor_.position() + count, QTextCursor::KeepAnchor);
+    removed.removeSelectedText();
+    remove_ -= count;
 }
 
 }  // namespace quillmark

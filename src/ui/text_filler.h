@@ -14,9 +14,10 @@ class TextFiller {
     // `done` is called when the text stands there, at once for a short one.
     TextFiller(QTextDocument& document, std::function<void()> done);
 
-    // The characters from `start` to `end` become `text`, which is raw. Ends older work where it
-    // is. Nothing else may change the document while this is active.
-    void replace(int start, int end, QString text);
+    // The characters from `start` to `end` become those of `text`, which is raw, from `start` to
+    // `textEnd`. Ends older work where it is. Nothing else may change the document while this is
+    // active.
+    void replace(int start, int end, const QString& text, qsizetype textEnd);
     [[nodiscard]] bool isActive() const { return active_; }
     void stop();
     // Does the rest at once.
@@ -25,14 +26,15 @@ class TextFiller {
   private:
     void work(bool all);
     void step();
-    [[nodiscard]] bool isDone() const { return remove_ == 0 && put_ == text_.size(); }
+    [[nodiscard]] bool isDone() const { return remove_ == 0 && put_ == textEnd_; }
 
     std::function<void()> done_;
     QTimer timer_;
     QTextCursor cursor_;
     QString text_;
-    qsizetype put_ = 0;
-    int remove_ = 0;  // characters behind the cursor that are still to go
+    qsizetype put_ = 0;  // where the rest of the text begins
+    qsizetype textEnd_ = 0;
+    int remove_ = 0;  // characters behind the cursor that are to go
     bool active_ = false;
 };
 
