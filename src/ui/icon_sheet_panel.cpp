@@ -10,7 +10,6 @@
 #include "bitmap/system_colours.h"
 #include "ui/guard.h"
 #include "ui/icon_sheet_view.h"
-#include "ui/icons.h"
 #include "ui/qt_text.h"
 #include "views/preferences.h"
 
@@ -53,13 +52,15 @@ void IconSheetPanel::build() {
     kinds_->setObjectName(QStringLiteral("tabIcones"));
     kinds_->setDrawBase(false);
     kinds_->setExpanding(false);
-    for (const char* drawing : {"polygon", "line", "point", "object"}) {
-        kinds_->addTab(icon(drawing), QString());
+    kinds_->setUsesScrollButtons(false);
+    kinds_->setElideMode(Qt::ElideRight);
+    for (std::size_t i = 0; i < kKinds.size(); ++i) {
+        kinds_->addTab(QString());
     }
     sldZoomIcons_->setObjectName(QStringLiteral("sldZoomIcons"));
     sldZoomIcons_->setRange(1, kLargestFactor);
     sldZoomIcons_->setPageStep(1);
-    sldZoomIcons_->setFixedWidth(fontMetrics().averageCharWidth() * 18);
+    sldZoomIcons_->setFixedWidth(fontMetrics().averageCharWidth() * 12);
     auto* bar = new QHBoxLayout;
     bar->setContentsMargins(4, 4, 4, 0);
     bar->addWidget(kinds_, 1);
@@ -148,9 +149,11 @@ void IconSheetPanel::readSettings() {
     }
     picAfficheTout_->setOptions(options, labelFont(settings),
                                 static_cast<Ground>(settings.number(keys::kFond)));
-    lblZoom_->setText(toQt(context_.traduction.Trad("Main", "Zoom", "lblZoom")) +
-                      QStringLiteral(" : ×%1").arg(options.factor));
-    sldZoomIcons_->setAccessibleName(lblZoom_->text());
+    const QString factor = QStringLiteral("×%1").arg(options.factor);
+    lblZoom_->setText(factor);
+    sldZoomIcons_->setAccessibleName(toQt(context_.traduction.Trad("Main", "Zoom", "lblZoom")) +
+                                     QLatin1Char(' ') + factor);
+    sldZoomIcons_->setToolTip(sldZoomIcons_->accessibleName());
 }
 
 void IconSheetPanel::retranslate() {
@@ -176,7 +179,7 @@ void IconSheetPanel::refresh() {
     const Traduction& t = context_.traduction;
     const Document& document = context_.session.document();
     const auto caption = [&](const std::string& name, ObjectKind kind) {
-        kinds_->setTabText(tabOf(kind), toQt(name) + QStringLiteral("  (%1)").arg(
+        kinds_->setTabText(tabOf(kind), toQt(name) + QStringLiteral(" (%1)").arg(
                                                          IconSheet::cellCount(document, kind)));
     };
     caption(t.Trad("Main", "Polygones", "tabPolygones"), ObjectKind::Polygone);

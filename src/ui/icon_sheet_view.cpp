@@ -15,8 +15,11 @@ namespace {
 constexpr int kWheelStep = 120;  // eighths of a degree, as mice count a step
 constexpr int kRowsPerStep = 1;
 
-QColor between(const QColor& a, const QColor& b) {
-    return {(a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2};
+// Near the ground, yet to be seen on it in any theme.
+QColor frameTone(const QColor& ground, const QColor& text) {
+    const auto mixed = [](int a, int b) { return (4 * a + b) / 5; };
+    return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()),
+            mixed(ground.blue(), text.blue())};
 }
 
 }  // namespace
@@ -34,7 +37,7 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
     theme_.font = font;
     theme_.ground = palette().color(QPalette::Base);
     theme_.selection = palette().color(QPalette::Highlight);
-    theme_.frame = between(theme_.ground, palette().color(QPalette::Mid));
+    theme_.frame = frameTone(theme_.ground, palette().color(QPalette::Text));
     theme_.picture = ground;
     cells_.setTheme(theme_);
     SheetOptions own = options;
