@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the program and converts FILE there and back: a TYP file to text and to TYP again, a text
 # to TYP and to text again. Without FILE it takes an example of the project. Says what came of it.
+# Without a display it paints the icons of the file too.
 #   scripts/run.sh [FILE]
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -103,6 +104,18 @@ if [ "$kind" = text ]; then
 else
     echo "Wrote  $there (its text form)"
     echo "Wrote  $back (that text compiled again)"
+fi
+
+# Where no window can show them, pictures do: all objects of each kind that there is.
+if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    for shown in 'polygon:polygons' 'polyline:lines' 'poi:points' 'extrapoi:extra POI members'; do
+        [ "$(count "$before" "${shown#*:}")" != 0 ] || continue
+        sheet=$out/${name%.*}.${shown%%:*}.png
+        rm -f -- "$sheet"
+        "$batch" icons --kind "${shown%%:*}" --labels both -- "$input" "$sheet" >"$log" 2>&1 || true
+        [ -s "$sheet" ] || { cat "$log" >&2; fail "\"$sheet\" could not be painted."; }
+        echo "Wrote  $sheet (its icons)"
+    done
 fi
 
 same=()
