@@ -1,8 +1,21 @@
 #include "core/folders.h"
 
+#include <algorithm>
+
+#include "core/ascii.h"
 #include "core/paths.h"
 
 namespace quillmark {
+namespace {
+
+bool sameFolder(const FolderPair& pair) {
+    const auto plain = [](const std::string& folder) {
+        return loweredAscii(folder.substr(0, folder.find_last_not_of("\\/") + 1));
+    };
+    return plain(pair.folder) == plain(pair.variable);
+}
+
+}  // namespace
 
 std::filesystem::path Folders::dataFile(const std::string& name) const {
     std::error_code ignored;
@@ -11,6 +24,17 @@ std::filesystem::path Folders::dataFile(const std::string& name) const {
         return own;
     }
     return program / pathFromUtf8(name);
+}
+
+std::string differingFolders(const std::vector<FolderPair>& pairs) {
+    if (std::all_of(pairs.begin(), pairs.end(), sameFolder)) {
+        return {};
+    }
+    std::string note;
+    for (const FolderPair& pair : pairs) {
+        note += pair.folder + " - " + pair.variable + '\n';
+    }
+    return note;
 }
 
 }  // namespace quillmark

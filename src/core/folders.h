@@ -25,4 +25,15 @@ struct Folders {
 
 [[nodiscard]] Folders platformFolders();
 
+// For the program's log: where the environment names other folders of application data than the
+// platform does. Empty where the environment is all that names them.
+[[nodiscard]] std::string folderNote();
+
+struct FolderPair {
+    std::string folder;    // as the platform names it
+    std::string variable;  // what the environment says
+};
+// Both on a line for each pair, if any of them differ by more than case and separators at the end.
+[[nodiscard]] std::string differingFolders(const std::vector<FolderPair>& pairs);
+
 }  // namespace quillmark

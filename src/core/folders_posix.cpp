@@ -34,4 +34,8 @@ Folders platformFolders() {
     return {installedData(), data / "Quillmark", fs::temp_directory_path(none)};
 }
 
+std::string folderNote() {
+    return {};
+}
+
 }  // namespace quillmark

@@ -3,6 +3,7 @@
 
 #include <set>
 
+#include "core/folders.h"
 #include "core/lock_file.h"
 #include "core/start_arguments.h"
 #include "core/version.h"
@@ -63,6 +64,11 @@ TEST(StartArguments, FirstArgumentIsTheFile) {
     const auto all = [](const fs::path& /*file*/) { return true; };
     EXPECT_EQ(readArguments({"--help"}, "/d", all).file, "/d/--help");
     EXPECT_EQ(readArguments({"--", "a"}, "/d", all).file, "/d/--");
+}
+
+TEST(Folders, DifferencesOfCaseAndEndAreNone) {
+    EXPECT_EQ(differingFolders({{"C:\\Users\\A\\", "c:\\users\\a"}, {"C:/L", "C:/L//"}}), "");
+    EXPECT_EQ(differingFolders({{"C:\\A", "c:\\a"}, {"C:\\L", ""}}), "C:\\A - c:\\a\nC:\\L - \n");
 }
 
 TEST(Version, NotesAreReadStrictly) {
