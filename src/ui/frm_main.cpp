@@ -69,7 +69,10 @@ frmMain::frmMain(AppContext& context)
     }
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // A window that goes while it is shown loses the focus, when parts of it are gone already.
+    qApp->disconnect(this);
+}
 
 void frmMain::buildPanes() {
     card_ = new DocumentCardPanel(context_);

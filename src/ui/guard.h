@@ -10,6 +10,8 @@ namespace quillmark {
 // Shows "Error N (description) in procedure NAME of Feuille WINDOW" and lets the program go on.
 // To be called within a catch block only. Names are string literals.
 void tellUnforeseen(const char* procedure, const char* window);
+// The same where no window is at hand: "of Module MODULE".
+void tellUnforeseenOfModule(const char* procedure, const char* module);
 
 template <typename Handler>
 [[nodiscard]] auto guarded(const char* procedure, const char* window, Handler handler) {
