@@ -27,9 +27,10 @@ namespace quillmark {
 namespace {
 
 // First widths of the three panes, in logical pixels.
-constexpr int kLeft = 340;
+constexpr int kLeft = 330;
 constexpr int kMiddle = 640;
 constexpr int kRight = 264;
+constexpr int kNarrowestMiddle = 240;
 
 // The one local file of a drag that the window takes; the first of several.
 std::filesystem::path droppedFile(const QMimeData& data) {
@@ -126,7 +127,7 @@ void frmMain::observe() {
             [this](QWidget* /*old*/, QWidget* now) { menus_.followFocus(now); });
 }
 
-void frmMain::restoreLayout() {
+void frmMain::restoreSplitter() {
     const QStringList stored =
         toQt(context_.settings.text(keys::kSeparateurs)).split(QLatin1Char(','));
     QList<int> widths;
@@ -135,8 +136,25 @@ void frmMain::restoreLayout() {
     }
     const bool usable =
         widths.size() == panes_->count() &&
-        std::all_of(widths.begin(), widths.end(), [](int width) { return width >= 0; });
-    panes_->setSizes(usable ? widths : QList<int>{kLeft, kMiddle, kRight});
+        std::all_of(widths.begin(), widths.end(), [](int width) { return width > 0; });
+    if (!usable) {
+        widths = {kLeft, kMiddle, kRight};
+    }
+    // Left and right keep their widths, whatever width the window has now.
+    widths[1] = std::max(panes_->width() - widths[0] - widths[2], kNarrowestMiddle);
+    panes_->setSizes(widths);
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!std::exchange(splitterRestored_, true)) {
+        // Once the window has its size and its parts have theirs.
+        QMetaObject::invokeMethod(
+            this, [this] { restoreSplitter(); }, Qt::QueuedConnection);
+    }
+}
+
+void frmMain::restoreLayout() {
     connect(panes_, &QSplitter::splitterMoved, this,
             guarded("splPrincipal_Moved", "frmMain", [this] { saveSplitter(); }));
     for (const auto& [name, key, pane] :

@@ -35,6 +35,7 @@ class frmMain : public QMainWindow {
     void Form_QueryUnload(const Session::Then& then);
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -46,6 +47,7 @@ class frmMain : public QMainWindow {
     void connectViewCommands();
     void observe();
     void restoreLayout();
+    void restoreSplitter();
     void saveSplitter();
 
     void retranslate();
@@ -74,6 +76,7 @@ class frmMain : public QMainWindow {
     QPointer<frmRecherche> search_;
     std::vector<Connection> connections_;
     bool mayClose_ = false;
+    bool splitterRestored_ = false;
 };
 
 }  // namespace quillmark

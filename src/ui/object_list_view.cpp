@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 
 #include "ui/guard.h"
@@ -159,6 +160,11 @@ void ObjectListView::keyboardSearch(const QString& typed) {
     if (row >= 0) {
         setCurrentIndex(rows_.index(row, 0));
     }
+}
+
+void ObjectListView::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    QTreeView::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(0);
 }
 
 void ObjectListView::keyPressEvent(QKeyEvent* event) {

@@ -32,6 +32,8 @@ class ObjectListView : public QTreeView {
     void setNothingFound(const QString& text);
 
     void keyboardSearch(const QString& typed) override;
+    // Up and down only: the pictures at the left stay in sight in a narrow list.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
