@@ -6,7 +6,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 # shellcheck source=scripts/packages.sh
 . scripts/packages.sh
 
-need "${build_packages[@]}" libgtest-dev clang-format
+need "${build_packages[@]}" libgtest-dev clang-format desktop-file-utils appstream mandoc
 
 if [ -z "${QUILLMARK_CORPUS:-}" ] && [ -d ../shared/corpus ]; then
     QUILLMARK_CORPUS=$(cd ../shared/corpus && pwd)
