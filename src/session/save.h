@@ -37,6 +37,8 @@ void tellTypFailure(Dialogues& dialogues, const Traduction& traduction);
 // Refused for points without palette while their pixels aren't written.
 [[nodiscard]] bool mayWriteText(const Document& document, const TextSettings& settings,
                                 Dialogues& dialogues, const Traduction& traduction);
+// What a box lists before a text is written that can't hold all of the document.
+[[nodiscard]] std::string lossesText(const TextLosses& losses, const Traduction& t);
 // The bytes of a text file. Throws Failure (13 conversion) for a page that nobody knows.
 [[nodiscard]] EncodedText encodeTextFile(const std::string& text, int codePage);
 void tellTextFailure(Dialogues& dialogues, const Traduction& traduction);

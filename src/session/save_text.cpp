@@ -5,6 +5,8 @@
 namespace quillmark {
 namespace {
 
+constexpr const char* kLineBreak = "\r\n";
+
 // Pictures without palette are nothing but pixels, which a text without them would lose.
 bool hasTrueColours(const Document& document) {
     const auto isTrueColour = [](const POI& poi, std::size_t i) {
@@ -35,6 +37,34 @@ bool mayWriteText(const Document& document, const TextSettings& settings, Dialog
     }
     refuseTrueColours(dialogues, traduction);
     return false;
+}
+
+std::string lossesText(const TextLosses& losses, const Traduction& t) {
+    std::string text = t.Trad("Main", "Le format texte ne peut pas contenir :", "msgPertesTexte1");
+    const auto line = [&](const std::string& what) { text += kLineBreak + ("\t" + what); };
+    const auto counted = [&](int count, const std::string& what) {
+        if (count > 0) {
+            line(what + " : " + std::to_string(count));
+        }
+    };
+    if (losses.extraPoi) {
+        line(t.Trad("Main", "les Extra POI", "msgPertesTexte2"));
+    }
+    if (losses.specialLabels) {
+        line(t.Trad("Main", "les labels spéciaux", "msgPertesTexte3"));
+    }
+    if (losses.rawBlock) {
+        line(t.Trad("Main", "le bloc de données inconnues", "msgPertesTexte4"));
+    }
+    if (losses.betweenSections) {
+        line(t.Trad("Main", "les données entre l'entête et les sections", "msgPertesTexte5"));
+    }
+    counted(losses.subtypes,
+            t.Trad("Main", "sous-types de polygones et de polylignes", "msgPertesTexte6"));
+    counted(losses.labels, t.Trad("Main", "labels qui seront raccourcis", "msgPertesTexte7"));
+    counted(losses.activities, t.Trad("Main", "activités de polylignes", "msgPertesTexte8"));
+    return text + kLineBreak + kLineBreak +
+           t.Trad("Main", "Enregistrer quand même au format texte ?", "msgPertesTexte9");
 }
 
 EncodedText encodeTextFile(const std::string& text, int codePage) {

@@ -49,6 +49,8 @@ Journal Session::journal() const {
 
 void Session::command(Then then, const std::function<void(Then)>& body) {
     if (busy_) {
+        // Whoever showed what was asked for shows what stands again.
+        factsChanged();
         if (then) {
             then(false);
         }
@@ -85,7 +87,7 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
         case Change::What::removed:
             if (view_.shown.kind == change.object.kind) {
                 if (view_.shown.index == change.object.index) {
-                    view_.shown = change.select;
+                    view_.shown.index = -1;
                 } else if (view_.shown.index > change.object.index) {
                     --view_.shown.index;
                 }
@@ -94,7 +96,11 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
         default:
             break;
     }
+    if (change.select.kind != ObjectKind::none) {
+        view_.shown = change.select;
+    }
     if (!exists(document_, view_.shown)) {
+        // Its kind stays: what is typed in place of a gone object becomes a new one.
         view_.shown = {view_.shown.kind, -1, 0};
     }
     documentChanged(change);

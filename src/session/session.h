@@ -14,6 +14,7 @@
 
 #include "core/dialogues.h"
 #include "core/document.h"
+#include "core/errors.h"
 #include "core/journal.h"
 #include "core/profile.h"
 #include "core/settings_table.h"
@@ -172,14 +173,15 @@ class Session {
     // goes to `failed`, which is called within a catch block.
     template <typename Result>
     void inBackground(std::string label, std::function<Result(Progress&)> work,
-                      std::function<void(std::optional<Result>)> done,
-                      std::function<void()> failed);
+                      std::function<void(std::optional<Result>)> done, std::function<void()> failed,
+                      bool cancellable = true);
 
     void chooseAndOpen(bool text, TextFileEncoding encoding, const Then& then);
     void open(const std::filesystem::path& file, TextFileEncoding encoding, const Then& then);
     void load(const std::filesystem::path& file, TextFileEncoding encoding, const Then& then);
     void put(Loaded loaded, const std::filesystem::path& file);
-    void tellMissing(const std::filesystem::path& file);
+    // What stopped an open, from within a catch block.
+    void tellUnopened(const std::filesystem::path& file);
     // A fresh document; only the code page is kept.
     void wipe();
     void askToSave(const Then& then);
@@ -189,12 +191,22 @@ class Session {
     void saveText(bool askForName, bool utf8, const Then& then);
     // Header fields and edits of the view come first in every save.
     void beforeSave(const Then& then);
-    [[nodiscard]] bool mayLose(const std::filesystem::path& file);
+    // `chosen`: in a dialog, which asked before replacing a file.
+    [[nodiscard]] bool mayLose(const std::filesystem::path& file, bool chosen);
+    struct ComposedTyp;
     void writeTyp(const std::filesystem::path& file, const Then& then);
-    void writeText(const std::filesystem::path& file, const std::string& text, bool utf8,
-                   const Then& then);
-    void afterSave(const std::filesystem::path& file, std::size_t size);
-    [[nodiscard]] bool changedOnDisk(const std::filesystem::path& file) const;
+    void putWrittenTyp(ComposedTyp& composed, const std::filesystem::path& file,
+                       const FileStamp& stamp);
+    struct ComposedText;
+    void askAndWriteText(const std::shared_ptr<ComposedText>& composed, bool askForName, bool utf8,
+                         const Then& then);
+    [[nodiscard]] std::string savingLabel(const std::filesystem::path& file) const;
+    // Replaces the file, which isn't to be cut short; `done` is called when it stands.
+    void replaceBehind(const std::filesystem::path& file, std::shared_ptr<const Bytes> content,
+                       std::function<void(const FileStamp&)> done, std::function<void()> failed);
+    void afterSave(const std::filesystem::path& file, const FileStamp& stamp);
+    [[nodiscard]] bool isOwnFile(const std::filesystem::path& file) const;
+    [[nodiscard]] bool changedOnDisk() const;
     [[nodiscard]] static std::optional<FileStamp> stampOf(const std::filesystem::path& file);
 
     bool commit(const Change& change, const std::function<void(Document&)>& edit,
@@ -202,15 +214,21 @@ class Session {
     // `ready`: the text of the whole document as it stands, where somebody made it already.
     void tellChange(const Change& change, std::optional<GeneratedText> ready = std::nullopt);
     void step(bool back);
+    [[nodiscard]] ObjectRef selectAfter(const UndoHistory::Step& step, bool back) const;
+    void putHeaderText(HeaderField field, const std::string& text);
+    [[nodiscard]] bool acceptHeaderField(HeaderField field);
 
     void settle(const Then& then);
     void dropEdits();
+    void tellFaults(const Applied& applied);
+    void tellUnforeseen(const ErrorFacts& facts, const char* procedure);
     void apply(const std::function<void(const Applied&)>& then);
     struct Parsed;
-    void putApplied(Applied& applied, Parsed parsed);
+    void putApplied(Applied& applied, Parsed parsed, const ParseTarget& target);
     [[nodiscard]] GeneratedText generate(const Document& document, const TextView& view) const;
     [[nodiscard]] std::optional<SourceComments> sourceComments() const;
     [[nodiscard]] GeneratorContext generatorContext() const;
+    [[nodiscard]] bool showsWholeDocument() const;
     void showText(GeneratedText generated);
     void markSection(const ObjectRef& object);
 
@@ -229,12 +247,14 @@ class Session {
     Journal openJournal_;
     Journal applyJournal_;
     std::optional<FileStamp> stamp_;
+    DateTime textTime_;                  // of the open or save, for the comment lines above a text
     bool replaceEdits_ = false;          // the edits in the view are in the document by now
-    bool keepOriginal_ = false;          // a damaged file's own save leaves the original beside it
     std::array<bool, 2> headerTyped_{};  // by HeaderField: typed since it was last accepted
     // The text of the whole document as it stands, made ahead; gone with the next change.
     std::optional<GeneratedText> ready_;
     bool busy_ = false;
+    // Gone with the session: tasks that outlive it look here first.
+    std::shared_ptr<char> alive_ = std::make_shared<char>();
 };
 
 // What may be typed in a header field: its digits, five at most.

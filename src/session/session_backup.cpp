@@ -16,9 +16,12 @@ struct Session::BackupJob {
 
 Session::BackupJob Session::backupJob() const {
     BackupJob job{{}, std::nullopt, sourceComments(), generatorContext(), services_.traduction};
-    if (pane_ != nullptr && view_.wholeDocument && pane_->isShown() &&
-        (textEdited() || !view_.stale)) {
+    if (view_.wholeDocument && textEdited()) {
         job.text = pane_->text();
+    } else if (view_.wholeDocument && pane_ != nullptr && !view_.stale) {
+        job.text = view_.generated.text;
+    } else if (ready_) {
+        job.text = ready_->text;
     } else {
         job.document = document_;
     }

@@ -2,8 +2,10 @@
 #include <algorithm>
 #include <charconv>
 
+#include "session/counterpart.h"
 #include "session/session.h"
 #include "session/session_running.h"
+#include "text/format.h"
 #include "text/labels.h"
 
 namespace quillmark {
@@ -82,11 +84,31 @@ ObjectWords wordsOf(const Document& document, const ObjectRef& object, const Tra
     }
 }
 
+// A text of the whole document with another value of the identity; nothing where it isn't found.
+std::optional<GeneratedText> replaceIdentity(GeneratedText generated, const std::string& key,
+                                             const std::string& old, const std::string& value) {
+    const std::string before = "\r\n" + key + "=";
+    const std::size_t at = generated.text.find(before + old + "\r\n");
+    if (at == std::string::npos || at > generated.text.find(format::kEnd)) {
+        return std::nullopt;
+    }
+    generated.text.replace(at + before.size(), old.size(), value);
+    return generated;
+}
+
+// In every code page the same.
+bool isAscii(ByteView text) {
+    return std::all_of(text.begin(), text.end(), [](std::uint8_t byte) { return byte < 0x80; });
+}
+
 // Labels that would read differently in another code page.
 std::size_t differentLabels(const Document& document, int from, int to) {
     std::size_t different = 0;
     const auto count = [&](const Bytes& Strings) {
         for (const RawLabel& label : splitStrings(Strings)) {
+            if (isAscii(label.text)) {
+                continue;
+            }
             different += bytesToText(label.text, from) != bytesToText(label.text, to) ? 1U : 0U;
         }
     };
@@ -126,13 +148,10 @@ bool Session::commit(const Change& change, const std::function<void(Document&)>&
     if (edited == document_) {
         return false;
     }
-    const ObjectRef object = change.object.kind != ObjectKind::none ? change.object : change.select;
-    if (undo_.merges(merge)) {
-        undo_.record(document_, object, merge);
-        document_ = std::move(edited);
-    } else {
-        std::swap(document_, edited);
-        undo_.record(std::move(edited), object, merge);
+    std::swap(document_, edited);
+    if (!undo_.join(merge)) {
+        const bool named = change.object.kind != ObjectKind::none;
+        undo_.record(std::move(edited), named ? change.object : change.select, merge);
     }
     tellChange(change);
     sauvegardertexte();
@@ -204,49 +223,99 @@ void Session::step(bool back) {
     }
     command({}, [this, back](const Then& end) {
         settle([this, back, end](bool settled) {
-            const std::optional<ObjectRef> object = !settled ? std::nullopt
-                                                    : back   ? undo_.undo(document_)
-                                                             : undo_.redo(document_);
-            if (object) {
+            if (!settled) {
+                end(false);
+                return;
+            }
+            const UndoHistory::Step* next = back ? undo_.nextUndo() : undo_.nextRedo();
+            if (next != nullptr) {
+                const ObjectRef select = selectAfter(*next, back);
+                back ? undo_.undo(document_) : undo_.redo(document_);
                 headerTyped_ = {};
-                Change change{Change::What::content, {}, nullptr, {}};
-                if (exists(document_, *object)) {
-                    change.select = *object;
-                }
-                tellChange(change);
+                tellChange({Change::What::content, {}, nullptr, select});
                 sauvegardertexte();
             }
-            end(object.has_value());
+            end(next != nullptr);
         });
     });
+}
+
+ObjectRef Session::selectAfter(const UndoHistory::Step& step, bool back) const {
+    if (step.object.kind == ObjectKind::none) {
+        const ObjectRef followed = counterpart(document_, step.document, view_.shown);
+        return followed == view_.shown ? ObjectRef{} : followed;
+    }
+    ObjectRef select = step.object;
+    if (!back) {
+        const ObjectRef followed = counterpart(document_, step.document, select);
+        select = exists(step.document, followed) ? followed : select;
+    }
+    if (!exists(step.document, select)) {
+        const int count = objectCount(step.document, select.kind);
+        select = count > 0 ? ObjectRef{select.kind, std::clamp(select.index, 0, count - 1), 0}
+                           : ObjectRef{};
+    }
+    return select;
 }
 
 void Session::typeHeaderField(HeaderField field, const std::string& text) {
     if (!facts_.hasDocument || headerText(document_, field) == text) {
         return;
     }
-    headerTyped_[static_cast<std::size_t>(field)] = true;
-    edit(
-        {Change::What::header, {}, nullptr, {}},
-        [field, text](Document& edited) { headerText(edited, field) = text; }, mergeName(field));
+    command({}, [this, field, text](const Then& end) {
+        settle([this, field, text, end](bool settled) {
+            if (settled) {
+                putHeaderText(field, text);
+                headerTyped_[static_cast<std::size_t>(field)] = true;
+            }
+            end(settled);
+        });
+    });
+}
+
+// Key by key, so nothing here goes over the objects but the copy of the first key.
+void Session::putHeaderText(HeaderField field, const std::string& text) {
+    std::string& old = headerText(document_, field);
+    if (old == text) {
+        return;
+    }
+    const std::string merge = mergeName(field);
+    const bool joined = undo_.join(merge);
+    if (!joined) {
+        undo_.record(document_, {}, merge);
+    }
+    std::optional<GeneratedText> ready;
+    if (showsWholeDocument() && !view_.stale) {
+        ready = replaceIdentity(std::move(view_.generated), merge, old, text);
+    }
+    old = text;
+    tellChange({Change::What::header, {}, nullptr, {}}, std::move(ready));
+    if (!joined) {
+        sauvegardertexte();
+    }
 }
 
 bool Session::leaveHeaderField(HeaderField field) {
+    return busy_ || acceptHeaderField(field);
+}
+
+bool Session::acceptHeaderField(HeaderField field) {
     bool& typed = headerTyped_[static_cast<std::size_t>(field)];
-    if (!std::exchange(typed, false) || isAllowed(headerText(document_, field))) {
-        undo_.endMerge();
+    if (!std::exchange(typed, false)) {
         return true;
     }
-    const Traduction& t = services_.traduction;
-    services_.dialogues.AfficheMessage(
-        t.Trad("Main", "Il faut rentrer un entier compris entre 1 et 65535", "msgErreurEntier"),
-        MessageStyle::ok | MessageStyle::warning,
-        t.Trad("Main", "Erreur de saisie", "msgErreurSaisie"));
-    commit(
-        {Change::What::header, {}, nullptr, {}},
-        [field](Document& edited) { headerText(edited, field).clear(); }, mergeName(field));
+    const bool allowed = isAllowed(headerText(document_, field));
+    if (!allowed) {
+        const Traduction& t = services_.traduction;
+        services_.dialogues.AfficheMessage(
+            t.Trad("Main", "Il faut rentrer un entier compris entre 1 et 65535", "msgErreurEntier"),
+            MessageStyle::ok | MessageStyle::warning,
+            t.Trad("Main", "Erreur de saisie", "msgErreurSaisie"));
+        putHeaderText(field, {});
+    }
     undo_.endMerge();
-    return false;
+    sauvegardertexte();
+    return allowed;
 }
 
 void Session::setCodePage(int CodePage, Then then) {

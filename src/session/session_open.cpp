@@ -1,4 +1,7 @@
 // New, open, close and the way out.
+#include <fstream>
+
+#include "core/errors.h"
 #include "core/files.h"
 #include "core/paths.h"
 #include "session/open.h"
@@ -25,11 +28,14 @@ FileFilter bothFilter(const Traduction& traduction) {
 }
 
 // Devices, folders and files beyond what positions can count aren't opened.
-void requireRegularFile(const fs::path& file) {
+void requireReadable(const fs::path& file) {
     std::error_code failed;
     if (!fs::is_regular_file(file, failed) || fs::file_size(file, failed) > kLargestFile ||
         failed) {
         failOnFile(ErrorNumber::fileMissing, utf8FromPath(file));
+    }
+    if (!std::ifstream(file, std::ios::binary)) {
+        failOnFile(ErrorNumber::permission, utf8FromPath(file));
     }
 }
 
@@ -40,6 +46,7 @@ struct Session::Loaded {
     OpenedFile opened;
     std::optional<FileStamp> stamp;
     GeneratedText generated;  // of the whole document
+    DateTime now;
 };
 
 std::optional<Session::FileStamp> Session::stampOf(const fs::path& file) {
@@ -110,7 +117,7 @@ void Session::open(const fs::path& file, TextFileEncoding encoding, const Then& 
         services_.traduction.Trad("Main", "Lecture de", "msgLecture") + ' ' +
             utf8FromPath(whole.filename()),
         [whole](Progress&) {
-            requireRegularFile(whole);
+            requireReadable(whole);
             return true;
         },
         [this, whole, encoding, then](std::optional<bool> found) {
@@ -127,17 +134,30 @@ void Session::open(const fs::path& file, TextFileEncoding encoding, const Then& 
             });
         },
         [this, whole, then] {
-            tellMissing(whole);
+            tellUnopened(whole);
             then(false);
         });
 }
 
-void Session::tellMissing(const fs::path& file) {
-    recent_.remove(file);
-    services_.dialogues.AfficheMessage(
-        services_.traduction.Trad("ImporterBitmap", "Fichier introuvable", "msgFichier4") +
-            "\r\n\r\n" + utf8FromPath(file),
-        MessageStyle::ok | MessageStyle::warning, {});
+void Session::tellUnopened(const fs::path& file) {
+    const ErrorFacts facts = currentErrorFacts();
+    switch (facts.number) {
+        case ErrorNumber::fileMissing:
+        case ErrorNumber::path:
+            recent_.remove(file);
+            [[fallthrough]];
+        case ErrorNumber::permission:
+        case ErrorNumber::device:
+        case ErrorNumber::overflow:
+            services_.dialogues.AfficheMessage(
+                services_.traduction.Trad("ImporterBitmap", "Fichier introuvable", "msgFichier4") +
+                    "\r\n\r\n" + utf8FromPath(file),
+                MessageStyle::ok | MessageStyle::warning, {});
+            break;
+        default:
+            tellUnforeseen(facts, "ouvrir");
+            break;
+    }
 }
 
 void Session::load(const fs::path& file, TextFileEncoding encoding, const Then& then) {
@@ -149,6 +169,7 @@ void Session::load(const fs::path& file, TextFileEncoding encoding, const Then& 
         traduction.Trad("Main", "Lecture de", "msgLecture") + ' ' + utf8FromPath(file.filename()),
         [file, encoding, traduction, context, now, folder](Progress& progress) mutable {
             Loaded loaded;
+            loaded.now = now;
             loaded.stamp = stampOf(file);
             loaded.opened = openFile(file, encoding, traduction);
             progress.at(0.5);
@@ -171,7 +192,7 @@ void Session::load(const fs::path& file, TextFileEncoding encoding, const Then& 
             then(done);
         },
         [this, file, then] {
-            tellMissing(file);
+            tellUnopened(file);
             then(false);
         });
 }
@@ -189,7 +210,7 @@ void Session::put(Loaded loaded, const fs::path& file) {
     facts_.TailleFichier = opened.fileSize;
     openJournal_ = std::move(opened.journal);
     stamp_ = loaded.stamp;
-    keepOriginal_ = facts_.damaged;
+    textTime_ = loaded.now;
     undo_.clear();
     if (pane_ != nullptr) {
         pane_->setEditable(true);
@@ -216,13 +237,10 @@ void Session::wipe() {
     document_ = Document();
     document_.CodePage = CodePage;
     facts_ = SessionFacts();
-    const bool whole = view_.wholeDocument;
     view_ = TextView();
-    view_.wholeDocument = whole;
     openJournal_.clear();
     applyJournal_.clear();
     stamp_.reset();
-    keepOriginal_ = false;
     headerTyped_ = {};
     ready_.reset();
     undo_.clear();
@@ -257,9 +275,8 @@ void Session::askToSave(const Then& then) {
         services_.traduction.Trad("Main", "Voulez-vous enregistrer le fichier ?", "msgEnregistrer"),
         MessageStyle::yesNoCancel | MessageStyle::question, "Quillmark")) {
         case Answer::yes:
-            // Anything but a completed save ends what was to come; so does a text that couldn't
-            // hold all of the document.
-            saveOwn([then](bool saved) { then(saved); });
+            // Anything but a completed save ends what was to come.
+            saveOwn(then);
             break;
         case Answer::no:
             then(true);

@@ -12,31 +12,33 @@ namespace quillmark {
 // Lives as long as anything can still end the command; one that is dropped or that failed frees
 // the session all the same.
 struct Session::Running {
-    explicit Running(Session& owner) : session(owner) { session.busy_ = true; }
+    explicit Running(Session& owner) : session(owner), alive(owner.alive_) { session.busy_ = true; }
     ~Running() { release(); }
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
     void release() {
-        if (!std::exchange(released, true)) {
+        if (!std::exchange(released, true) && !alive.expired()) {
             session.busy_ = false;
             session.factsChanged();
         }
     }
 
     Session& session;
+    std::weak_ptr<char> alive;
     bool released = false;
 };
 
 template <typename Result>
 void Session::inBackground(std::string label, std::function<Result(Progress&)> work,
                            std::function<void(std::optional<Result>)> done,
-                           std::function<void()> failed) {
+                           std::function<void()> failed, bool cancellable) {
     if (pane_ != nullptr) {
         pane_->setEditable(false);
     }
     auto result = std::make_shared<std::optional<Result>>();
     Task task;
     task.label = std::move(label);
+    task.cancellable = cancellable;
     task.work = [result, work = std::move(work)](Progress& progress) {
         result->emplace(work(progress));
     };

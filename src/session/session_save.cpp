@@ -1,15 +1,11 @@
-// Saving: questions first, then the write away from the window, then what it changes.
-#include <algorithm>
-
+// What all saves have in common: questions first, then the write away from the window.
 #include "core/ascii.h"
-#include "core/clock.h"
 #include "core/files.h"
 #include "core/paths.h"
 #include "session/save.h"
 #include "session/save_target.h"
 #include "session/session.h"
 #include "session/session_running.h"
-#include "text/code_pages.h"
 
 namespace quillmark {
 namespace {
@@ -22,41 +18,14 @@ bool hasExtension(const fs::path& file, std::string_view extension) {
     return loweredAscii(utf8FromPath(file.extension())) == extension;
 }
 
-// The work of a save was given up; nothing was written.
-struct CancelledSave {};
-
-fs::path withTilde(const fs::path& file) {
+// Beside the file, under its name with "~" as long as no other file has that.
+fs::path originalName(const fs::path& file) {
     fs::path name = file;
-    name += "~";
+    std::error_code ignored;
+    do {
+        name += "~";
+    } while (fs::exists(name, ignored));
     return name;
-}
-
-std::string lossesText(const TextLosses& losses, const Traduction& t) {
-    std::string text = t.Trad("Main", "Le format texte ne peut pas contenir :", "msgPertesTexte1");
-    const auto line = [&](const std::string& what) { text += kLineBreak + ("\t" + what); };
-    const auto counted = [&](int count, const std::string& what) {
-        if (count > 0) {
-            line(what + " : " + std::to_string(count));
-        }
-    };
-    if (losses.extraPoi) {
-        line(t.Trad("Main", "les Extra POI", "msgPertesTexte2"));
-    }
-    if (losses.specialLabels) {
-        line(t.Trad("Main", "les labels spéciaux", "msgPertesTexte3"));
-    }
-    if (losses.rawBlock) {
-        line(t.Trad("Main", "le bloc de données inconnues", "msgPertesTexte4"));
-    }
-    if (losses.betweenSections) {
-        line(t.Trad("Main", "les données entre l'entête et les sections", "msgPertesTexte5"));
-    }
-    counted(losses.subtypes,
-            t.Trad("Main", "sous-types de polygones et de polylignes", "msgPertesTexte6"));
-    counted(losses.labels, t.Trad("Main", "labels qui seront raccourcis", "msgPertesTexte7"));
-    counted(losses.activities, t.Trad("Main", "activités de polylignes", "msgPertesTexte8"));
-    return text + kLineBreak + kLineBreak +
-           t.Trad("Main", "Enregistrer quand même au format texte ?", "msgPertesTexte9");
 }
 
 }  // namespace
@@ -84,8 +53,8 @@ void Session::saveOwn(const Then& then) {
 }
 
 void Session::beforeSave(const Then& then) {
-    if (!facts_.hasDocument || !leaveHeaderField(HeaderField::FID) ||
-        !leaveHeaderField(HeaderField::ProductCode)) {
+    if (!facts_.hasDocument || !acceptHeaderField(HeaderField::FID) ||
+        !acceptHeaderField(HeaderField::ProductCode)) {
         then(false);
         return;
     }
@@ -111,20 +80,24 @@ void Session::beforeSave(const Then& then) {
     });
 }
 
-bool Session::changedOnDisk(const fs::path& file) const {
-    return stamp_ && file == facts_.FichierTYP && stampOf(file).value_or(*stamp_) != *stamp_;
+bool Session::isOwnFile(const fs::path& file) const {
+    std::error_code ignored;
+    return file == facts_.FichierTYP || fs::equivalent(file, facts_.FichierTYP, ignored);
 }
 
-// The questions about the file that a save would replace under the document's own name.
-bool Session::mayLose(const fs::path& file) {
+bool Session::changedOnDisk() const {
+    return stamp_ && stampOf(facts_.FichierTYP).value_or(*stamp_) != *stamp_;
+}
+
+bool Session::mayLose(const fs::path& file, bool chosen) {
     const Traduction& t = services_.traduction;
-    if (file != facts_.FichierTYP) {
+    if (!isOwnFile(file)) {
         return true;
     }
-    if (changedOnDisk(file) && !mayReplace(file, services_.dialogues, t)) {
+    if (!chosen && changedOnDisk() && !mayReplace(file, services_.dialogues, t)) {
         return false;
     }
-    return !keepOriginal_ ||
+    return !facts_.damaged ||
            services_.dialogues.AfficheMessage(
                t.Trad("Main",
                       "Le fichier n'a pas pu être lu en entier. Ce qui n'a pas été lu sera perdu. "
@@ -133,188 +106,37 @@ bool Session::mayLose(const fs::path& file) {
                MessageStyle::yesNo | MessageStyle::warning, {}) == Answer::yes;
 }
 
-void Session::saveTyp(bool AvecDialogue, const Then& then) {
-    beforeSave([this, AvecDialogue, then](bool ready) {
-        Dialogues& dialogues = services_.dialogues;
-        const Traduction& t = services_.traduction;
-        if (!ready || !mayWriteTyp(document_, dialogues, t)) {
-            then(false);
-            return;
-        }
-        fs::path file = facts_.FichierTYP;
-        if (AvecDialogue || file.empty()) {
-            const auto chosen =
-                chooseSaveTarget(t.Trad("Main", "Enregistrer sous", "dlgEnregistrerSous"),
-                                 typFilter(t), file, dialogues, t);
-            if (!chosen) {
-                then(false);
-                return;
-            }
-            file = *chosen;
-        }
-        if (!mayLose(file) || !waitUntilWritable(file, dialogues, t)) {
-            then(false);
-            return;
-        }
-        writeTyp(file, then);
-    });
+std::string Session::savingLabel(const fs::path& file) const {
+    return services_.traduction.Trad("Main", "Enregistrement de", "msgEnregistrement") + ' ' +
+           utf8FromPath(file.filename());
 }
 
-void Session::writeTyp(const fs::path& file, const Then& then) {
-    const bool keepOriginal = keepOriginal_ && file == facts_.FichierTYP;
-    inBackground<WrittenTyp>(
-        services_.traduction.Trad("Main", "Enregistrement de", "msgEnregistrement") + ' ' +
-            utf8FromPath(file.filename()),
-        [document = document_, now = currentDateTime(), file, keepOriginal](Progress& progress) {
-            WrittenTyp written = CreerTYP(document, now);
-            progress.at(0.5);
-            if (progress.cancelled()) {
-                throw CancelledSave();
+void Session::replaceBehind(const fs::path& file, std::shared_ptr<const Bytes> content,
+                            std::function<void(const FileStamp&)> done,
+                            std::function<void()> failed) {
+    inBackground<FileStamp>(
+        savingLabel(file),
+        [file, content = std::move(content),
+         keepOriginal = facts_.damaged && isOwnFile(file)](Progress& /*progress*/) {
+            std::error_code gone;
+            if (keepOriginal && fs::exists(file, gone)) {
+                replaceFile(originalName(file), readFile(file));
             }
-            if (keepOriginal) {
-                replaceFile(withTilde(file), readFile(file));
-            }
-            replaceFile(file, written.file);
-            return written;
+            replaceFile(file, *content);
+            return stampOf(file).value_or(FileStamp{content->size(), {}});
         },
-        [this, file, then](std::optional<WrittenTyp> written) {
-            // A cancel that came too late: the file stands, so the document goes by it.
-            if (!written) {
-                then(false);
-                return;
-            }
-            const bool lost = written->document.Polyline.size() != document_.Polyline.size() ||
-                              written->document.ExtraPOI.size() != document_.ExtraPOI.size();
-            if (lost) {
-                undo_.record(document_, {});
-            }
-            document_ = std::move(written->document);
-            facts_.OuvertEnTexte = false;
-            facts_.utf8 = false;
-            facts_.hasMagic = true;
-            afterSave(file, written->file.size());
-            tellChange({Change::What::reordered,
-                        {},
-                        std::make_shared<const Reordering>(std::move(written->order)),
-                        {}});
-            then(true);
-        },
-        [this, then] {
-            try {
-                throw;
-            } catch (const CancelledSave&) {
-            } catch (...) {
-                tellTypFailure(services_.dialogues, services_.traduction);
-            }
-            then(false);
-        });
+        [done = std::move(done)](std::optional<FileStamp> stamp) { done(*stamp); },
+        std::move(failed), false);
 }
 
-void Session::saveText(bool askForName, bool utf8, const Then& then) {
-    beforeSave([this, askForName, utf8, then](bool ready) {
-        Dialogues& dialogues = services_.dialogues;
-        const Traduction& t = services_.traduction;
-        const TextSettings settings = readTextSettings(services_.settings.store());
-        if (!ready || !mayWriteText(document_, settings, dialogues, t)) {
-            then(false);
-            return;
-        }
-        const TextLosses losses = textLosses(document_);
-        if (losses.any() && dialogues.AfficheMessage(lossesText(losses, t),
-                                                     MessageStyle::okCancel | MessageStyle::warning,
-                                                     {}) != Answer::ok) {
-            then(false);
-            return;
-        }
-        const auto comments = sourceComments();
-        const std::string text =
-            genererTexte(document_, generatorContext(), comments ? &*comments : nullptr).text;
-        bool asUtf8 = utf8;
-        if (!utf8) {
-            const std::size_t lost = textToBytes(text, document_.CodePage).lost;
-            if (lost > 0) {
-                const Answer answer = dialogues.AfficheMessage(
-                    t.Trad("Main",
-                           "Caractères absents de la page de code :", "msgCaracteresPerdus1") +
-                        ' ' + std::to_string(lost) + kLineBreak +
-                        t.Trad("Main", "Enregistrer en UTF-8 ? (\"Non\" les remplace par \"?\")",
-                               "msgCaracteresPerdus2"),
-                    MessageStyle::yesNoCancel | MessageStyle::warning, {});
-                if (answer == Answer::cancel) {
-                    then(false);
-                    return;
-                }
-                asUtf8 = answer == Answer::yes;
-            }
-        }
-        fs::path file = facts_.FichierTYP;
-        if (askForName || file.empty()) {
-            const auto chosen = chooseSaveTarget(t.Trad("Main", "Enregistrer sous", "dlgEnr"),
-                                                 textFilter(t), file, dialogues, t);
-            if (!chosen) {
-                then(false);
-                return;
-            }
-            file = *chosen;
-        }
-        if (!mayLose(file)) {
-            then(false);
-            return;
-        }
-        writeText(file, text, asUtf8, then);
-    });
-}
-
-void Session::writeText(const fs::path& file, const std::string& text, bool utf8,
-                        const Then& then) {
-    const int codePage = utf8 ? kUtf8 : document_.CodePage;
-    const bool keepOriginal = keepOriginal_ && file == facts_.FichierTYP;
-    inBackground<std::size_t>(
-        services_.traduction.Trad("Main", "Enregistrement de", "msgEnregistrement") + ' ' +
-            utf8FromPath(file.filename()),
-        [text, codePage, file, keepOriginal](Progress& progress) {
-            const EncodedText encoded = encodeTextFile(text, codePage);
-            if (progress.cancelled()) {
-                throw CancelledSave();
-            }
-            if (keepOriginal) {
-                replaceFile(withTilde(file), readFile(file));
-            }
-            replaceFile(file, encoded.bytes);
-            return encoded.bytes.size();
-        },
-        [this, file, utf8, then](std::optional<std::size_t> size) {
-            if (!size) {
-                then(false);
-                return;
-            }
-            facts_.OuvertEnTexte = true;
-            facts_.utf8 = utf8;
-            facts_.hasMagic = true;
-            afterSave(file, *size);
-            facts_.incompleteText = textLosses(document_).any();
-            factsChanged();
-            then(true);
-        },
-        [this, then] {
-            try {
-                throw;
-            } catch (const CancelledSave&) {
-            } catch (...) {
-                tellTextFailure(services_.dialogues, services_.traduction);
-            }
-            then(false);
-        });
-}
-
-void Session::afterSave(const fs::path& file, std::size_t size) {
+void Session::afterSave(const fs::path& file, const FileStamp& stamp) {
     facts_.FichierTYP = file;
-    facts_.TailleFichier = size;
+    facts_.TailleFichier = stamp.size;
     facts_.isNew = false;
     facts_.damaged = false;
     facts_.incompleteText = false;
-    keepOriginal_ = false;
-    stamp_ = stampOf(file);
+    facts_.hasMagic = true;
+    stamp_ = stamp;
     undo_.markSaved();
     recent_.add(file);
 }

@@ -1,6 +1,8 @@
 // The text view: what it shows, and what becomes of what is typed in it.
 #include <algorithm>
+#include <array>
 
+#include "core/ascii.h"
 #include "core/clock.h"
 #include "core/paths.h"
 #include "session/session.h"
@@ -12,6 +14,25 @@ namespace {
 constexpr const char* kLineBreak = "\r\n";
 // What the generator writes in place of pixels that the preferences leave out.
 constexpr const char* kWithoutPixels = "pas de palette";
+
+// Of the first section in a text that stands for no object; a polygon where there is none.
+ObjectKind firstKind(std::string_view text) {
+    constexpr std::array<std::pair<std::string_view, ObjectKind>, 3> kinds{
+        {{"[_polygon]", ObjectKind::Polygone},
+         {"[_line]", ObjectKind::Polyline},
+         {"[_point]", ObjectKind::POI}}};
+    const std::string lower = loweredAscii(text);
+    std::size_t first = std::string::npos;
+    ObjectKind found = ObjectKind::Polygone;
+    for (const auto& [name, kind] : kinds) {
+        const std::size_t at = lower.find(name);
+        if (at < first) {
+            first = at;
+            found = kind;
+        }
+    }
+    return found;
+}
 
 }  // namespace
 
@@ -31,7 +52,7 @@ std::optional<SourceComments> Session::sourceComments() const {
         return std::nullopt;
     }
     return SourceComments{facts_.DossierFichier(), std::to_string(facts_.TailleFichier),
-                          creationDateText(document_.EnteteTYP), currentDateTime()};
+                          creationDateText(document_.EnteteTYP), textTime_};
 }
 
 GeneratedText Session::generate(const Document& document, const TextView& view) const {
@@ -76,6 +97,17 @@ GeneratedText Session::generate(const Document& document, const TextView& view) 
     return generated;
 }
 
+void Session::tellUnforeseen(const ErrorFacts& facts, const char* procedure) {
+    services_.dialogues.AfficheMessage("Error " + std::to_string(static_cast<int>(facts.number)) +
+                                           " (" + facts.description + ") in procedure " +
+                                           procedure + " of Feuille frmMain",
+                                       MessageStyle::ok | MessageStyle::critical, {});
+}
+
+bool Session::showsWholeDocument() const {
+    return pane_ != nullptr && view_.wholeDocument && pane_->isShown();
+}
+
 void Session::showText(GeneratedText generated) {
     view_.generated = std::move(generated);
     view_.stale = false;
@@ -117,12 +149,11 @@ void Session::settle(const Then& then) {
             "msgAppliquerAvant"),
         MessageStyle::yesNoCancel | MessageStyle::question, {})) {
         case Answer::yes:
+            // A text with faults stays, for the journal's lines lead into it; whoever wants to
+            // go on all the same answers no the next time.
             apply([this, then](const Applied& applied) {
-                if (applied.done && applied.entries > 0) {
-                    // What the document took stands; the broken text goes with the action.
-                    dropEdits();
-                }
-                then(applied.done);
+                tellFaults(applied);
+                then(applied.done && applied.entries == 0);
             });
             break;
         case Answer::no:
@@ -136,14 +167,20 @@ void Session::settle(const Then& then) {
 }
 
 void Session::dropEdits() {
-    showText(generate(document_, view_));
+    showText(view_.stale ? generate(document_, view_) : std::move(view_.generated));
     factsChanged();
 }
 
 void Session::showWholeDocument(Then then) {
+    if (view_.wholeDocument) {
+        if (then) {
+            then(true);
+        }
+        return;
+    }
     command(std::move(then), [this](const Then& end) {
         settle([this, end](bool settled) {
-            if (settled && !view_.wholeDocument) {
+            if (settled) {
                 view_.wholeDocument = true;
                 view_.stale = true;
                 refreshText();
@@ -156,6 +193,12 @@ void Session::showWholeDocument(Then then) {
 }
 
 void Session::showObject(const ObjectRef& object, Then then) {
+    if (!view_.wholeDocument && object == view_.shown) {
+        if (then) {
+            then(true);
+        }
+        return;
+    }
     command(std::move(then), [this, object](const Then& end) {
         settle([this, object, end](bool settled) {
             if (settled) {
@@ -191,15 +234,18 @@ void Session::selectInText(const ObjectRef& object, Then then) {
 void Session::cmdAppliquerModif_Click(Then then) {
     command(std::move(then), [this](const Then& end) {
         apply([this, end](const Applied& applied) {
-            if (applied.done && applied.entries > 0) {
-                told(services_.traduction.Trad(
-                    "Main",
-                    "Le texte appliqué contient des erreurs : voir le journal des messages.",
-                    "msgAppliquerErreurs1"));
-            }
+            tellFaults(applied);
             end(applied.done);
         });
     });
+}
+
+void Session::tellFaults(const Applied& applied) {
+    if (applied.entries > 0) {
+        told(services_.traduction.Trad(
+            "Main", "Le texte appliqué contient des erreurs : voir le journal des messages.",
+            "msgAppliquerErreurs1"));
+    }
 }
 
 void Session::apply(const std::function<void(const Applied&)>& then) {
@@ -222,7 +268,13 @@ void Session::apply(const std::function<void(const Applied&)>& then) {
         then({});
         return;
     }
-    const ParseTarget target = view_.target();
+    ParseTarget target = view_.target();
+    if (!view_.wholeDocument && !exists(document_, view_.shown)) {
+        // The object is gone, or there never was one: the first section becomes a new object.
+        const bool hasSection = target.ObjetVisualise != ObjectKind::none &&
+                                target.ObjetVisualise != ObjectKind::ExtraPOI;
+        target = {hasSection ? target.ObjetVisualise : firstKind(text), -1, 0};
+    }
     // Compared with the text of the document as it stands, not with what was shown: a faulty Apply
     // may have changed it since.
     const bool whole = view_.wholeDocument;
@@ -246,25 +298,21 @@ void Session::apply(const std::function<void(const Applied&)>& then) {
             }
             return parsed;
         },
-        [this, then](std::optional<Parsed> parsed) {
+        [this, then, target](std::optional<Parsed> parsed) {
             Applied applied;
             if (parsed) {
-                putApplied(applied, std::move(*parsed));
+                putApplied(applied, std::move(*parsed), target);
             }
             then(applied);
         },
         [this, then] {
             // The journal of a text takes what is wrong with it; this is the machine's failure.
-            const ErrorFacts facts = currentErrorFacts();
-            services_.dialogues.AfficheMessage(
-                "Error " + std::to_string(static_cast<int>(facts.number)) + " (" +
-                    facts.description + ") in procedure cmdAppliquerModif_Click of Feuille frmMain",
-                MessageStyle::ok | MessageStyle::critical, {});
+            tellUnforeseen(currentErrorFacts(), "cmdAppliquerModif_Click");
             then({});
         });
 }
 
-void Session::putApplied(Applied& applied, Parsed parsed) {
+void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& target) {
     ParsedText& result = parsed.result;
     applied.done = true;
     applied.entries = result.journal.entries().size();
@@ -275,11 +323,15 @@ void Session::putApplied(Applied& applied, Parsed parsed) {
     replaceEdits_ = applied.entries == 0;
     if (result.document != document_) {
         std::swap(document_, result.document);
-        const ObjectRef object = view_.wholeDocument ? ObjectRef{} : view_.shown;
-        undo_.record(result.document, object);
-        if (!view_.wholeDocument && !exists(document_, view_.shown)) {
-            view_.shown.index = objectCount(document_, view_.shown.kind) - 1;
+        ObjectRef object;
+        if (!view_.wholeDocument) {
+            object = {target.ObjetVisualise, target.index, target.member};
+            const int count = objectCount(document_, object.kind);
+            if (object.index < 0 && count > objectCount(result.document, object.kind)) {
+                object.index = count - 1;
+            }
         }
+        undo_.record(std::move(result.document), object);
         tellChange({Change::What::content, {}, nullptr, object}, std::move(parsed.generated));
         sauvegardertexte();
     } else {

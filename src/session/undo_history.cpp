@@ -45,32 +45,42 @@ std::size_t memoryOf(const Document& document) {
     return bytes;
 }
 
-bool UndoHistory::merges(const std::string& merge) const {
-    return !merge.empty() && merge == merge_ && !undo_.empty();
+bool UndoHistory::join(const std::string& merge) {
+    if (merge.empty() || merge != merge_ || undo_.empty()) {
+        return false;
+    }
+    position_ = ++last_;
+    return true;
 }
 
-void UndoHistory::record(const Document& before, const ObjectRef& object,
-                         const std::string& merge) {
+void UndoHistory::record(Document before, const ObjectRef& object, const std::string& merge) {
     for (const Kept& kept : redo_) {
         memory_ -= kept.memory;
     }
     redo_.clear();
-    if (!merges(merge)) {
-        const std::size_t memory = memoryOf(before);
-        undo_.push_back({{before, object}, memory, position_});
-        memory_ += memory;
-        bound();
-    }
+    const std::size_t memory = memoryOf(before);
+    undo_.push_back({{std::move(before), object}, memory, position_});
+    memory_ += memory;
+    bound();
     merge_ = merge;
     position_ = ++last_;
 }
 
 void UndoHistory::bound() {
-    // The newest step stays, however large it is.
-    while (memory_ > memoryLimit_ && undo_.size() > 1) {
-        memory_ -= undo_.front().memory;
-        undo_.pop_front();
+    // The newest step of each side stays, however large it is; what lies furthest goes first.
+    while (memory_ > memoryLimit_ && (undo_.size() > 1 || redo_.size() > 1)) {
+        std::deque<Kept>& longer = undo_.size() > 1 ? undo_ : redo_;
+        memory_ -= longer.front().memory;
+        longer.pop_front();
     }
+}
+
+const UndoHistory::Step* UndoHistory::nextUndo() const {
+    return undo_.empty() ? nullptr : &undo_.back().step;
+}
+
+const UndoHistory::Step* UndoHistory::nextRedo() const {
+    return redo_.empty() ? nullptr : &redo_.back().step;
 }
 
 std::optional<ObjectRef> UndoHistory::undo(Document& document) {
@@ -96,6 +106,7 @@ std::optional<ObjectRef> UndoHistory::exchange(std::deque<Kept>& from, std::dequ
     memory_ += kept.memory;
     const ObjectRef object = kept.step.object;
     to.push_back(std::move(kept));
+    bound();
     return object;
 }
 

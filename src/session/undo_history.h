@@ -25,15 +25,18 @@ class UndoHistory {
 
     explicit UndoHistory(std::size_t memoryLimit = kMemoryLimit) : memoryLimit_(memoryLimit) {}
 
-    // Keeps `before` as the state that an undo brings back. Steps of one non-empty `merge` in a row
-    // are one step (typing in one field), until `endMerge`.
-    void record(const Document& before, const ObjectRef& object, const std::string& merge = {});
+    // Keeps `before` as the state that an undo brings back.
+    void record(Document before, const ObjectRef& object, const std::string& merge = {});
+    // Edits of one non-empty `merge` in a row are one step (typing in one field), until
+    // `endMerge`: with true the newest step stands for this edit too, and nothing is recorded.
+    [[nodiscard]] bool join(const std::string& merge);
     void endMerge() { merge_.clear(); }
-    // True when the next `record` of this name would join the newest step.
-    [[nodiscard]] bool merges(const std::string& merge) const;
 
     [[nodiscard]] bool canUndo() const noexcept { return !undo_.empty(); }
     [[nodiscard]] bool canRedo() const noexcept { return !redo_.empty(); }
+    // What the next undo or redo would put in place; null when there is none.
+    [[nodiscard]] const Step* nextUndo() const;
+    [[nodiscard]] const Step* nextRedo() const;
     // Exchanges `document` with the newest step; nothing when there is none.
     std::optional<ObjectRef> undo(Document& document);
     std::optional<ObjectRef> redo(Document& document);
