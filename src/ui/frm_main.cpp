@@ -92,6 +92,12 @@ void frmMain::buildPanes() {
     middle_->addWidget(welcome_);
     middle_->addWidget(text_);
     middle_->addWidget(sheet_);
+    // The middle gives way; lists and preview keep what they need.
+    for (QWidget* page : {static_cast<QWidget*>(welcome_), static_cast<QWidget*>(text_),
+                          static_cast<QWidget*>(sheet_)}) {
+        page->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    }
+    middle_->setMinimumWidth(kNarrowestMiddle);
 
     panes_->setObjectName(QStringLiteral("splPrincipal"));
     panes_->addWidget(left_);

@@ -61,16 +61,19 @@ void IconSheetPanel::build() {
     sldZoomIcons_->setRange(1, kLargestFactor);
     sldZoomIcons_->setPageStep(1);
     sldZoomIcons_->setFixedWidth(fontMetrics().averageCharWidth() * 12);
-    auto* bar = new QHBoxLayout;
-    bar->setContentsMargins(4, 4, 4, 0);
-    bar->addWidget(kinds_, 1);
-    bar->addWidget(lblZoom_);
-    bar->addWidget(sldZoomIcons_);
+    // A narrow middle shortens the tabs and pushes nothing aside.
+    kinds_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto* zoom = new QHBoxLayout;
+    zoom->setContentsMargins(4, 2, 4, 2);
+    zoom->addStretch();
+    zoom->addWidget(lblZoom_);
+    zoom->addWidget(sldZoomIcons_);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(0, 4, 0, 0);
     column->setSpacing(0);
-    column->addLayout(bar);
+    column->addWidget(kinds_);
     column->addWidget(picAfficheTout_, 1);
+    column->addLayout(zoom);
 }
 
 void IconSheetPanel::connectControls() {
@@ -149,11 +152,9 @@ void IconSheetPanel::readSettings() {
     }
     picAfficheTout_->setOptions(options, labelFont(settings),
                                 static_cast<Ground>(settings.number(keys::kFond)));
-    const QString factor = QStringLiteral("×%1").arg(options.factor);
-    lblZoom_->setText(factor);
-    sldZoomIcons_->setAccessibleName(toQt(context_.traduction.Trad("Main", "Zoom", "lblZoom")) +
-                                     QLatin1Char(' ') + factor);
-    sldZoomIcons_->setToolTip(sldZoomIcons_->accessibleName());
+    lblZoom_->setText(toQt(context_.traduction.Trad("Main", "Zoom", "lblZoom")) +
+                      QStringLiteral(" : ×%1").arg(options.factor));
+    sldZoomIcons_->setAccessibleName(lblZoom_->text());
 }
 
 void IconSheetPanel::retranslate() {
