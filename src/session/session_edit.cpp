@@ -296,7 +296,14 @@ void Session::putHeaderText(HeaderField field, const std::string& text) {
 }
 
 bool Session::leaveHeaderField(HeaderField field) {
-    return busy_ || acceptHeaderField(field);
+    bool accepted = true;
+    if (headerTyped_[static_cast<std::size_t>(field)]) {
+        command({}, [this, field, &accepted](const Then& end) {
+            accepted = acceptHeaderField(field);
+            end(accepted);
+        });
+    }
+    return accepted;
 }
 
 bool Session::acceptHeaderField(HeaderField field) {
