@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Builds the program and converts FILE there and back: a TYP file to text and to TYP again, a text
-# to TYP and to text again. Without FILE it takes an example of the project. Says what came of it.
-# Without a display it paints the icons of the file too.
+# Builds the editor and opens FILE in it, or an example of the project.
 #   scripts/run.sh [FILE]
+# Without a display it converts the file there and back instead, a TYP file to text and to TYP
+# again, a text to TYP and to text again, paints its icons, and says what came of it.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck source=scripts/packages.sh
@@ -14,27 +14,33 @@ fail() {
 }
 
 [ $# -le 1 ] || fail "Name one file at most: scripts/run.sh [FILE]"
-if [ $# -eq 1 ]; then
-    input=$1
-else
-    examples=("$root"/data/examples/*.txt)
-    input=${examples[0]}
-fi
+example=$root/data/examples/randonnee.txt
+input=${1:-$example}
 [ -e "$input" ] || fail "There is no file \"$input\"."
 if [ ! -f "$input" ] || [ ! -r "$input" ]; then
     fail "\"$input\" is not a file that can be read."
 fi
 
+display=${DISPLAY:-}${WAYLAND_DISPLAY:-}
 need "${build_packages[@]}"
+[ -z "${WAYLAND_DISPLAY:-}" ] || need qt6-wayland
+targets=(quillmark-batch)
+[ -z "$display" ] || targets=(quillmark quillmark_examples)
 build=$root/build/run
 echo 'Building ...'
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 if ! { cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
            -DQUILLMARK_BUILD_TESTS=OFF -DQUILLMARK_BUILD_BENCH=OFF &&
-       cmake --build "$build" -j "$(nproc)" --target quillmark-batch; } >"$log" 2>&1; then
+       cmake --build "$build" -j "$(nproc)" --target "${targets[@]}"; } >"$log" 2>&1; then
     cat "$log" >&2
     fail 'The build failed.'
+fi
+if [ -n "$display" ]; then
+    # Devices read the compiled form.
+    [ "$input" != "$example" ] || input=$build/data/examples/randonnee.typ
+    rm -f "$log"
+    exec "$build/src/quillmark" -- "$input"
 fi
 batch=$build/src/quillmark-batch
 
@@ -107,16 +113,14 @@ else
 fi
 
 # Where no window can show them, pictures do: all objects of each kind that there is.
-if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-    for shown in 'polygon:polygons' 'polyline:lines' 'poi:points' 'extrapoi:extra POI members'; do
-        [ "$(count "$before" "${shown#*:}")" != 0 ] || continue
-        sheet=$out/${name%.*}.${shown%%:*}.png
-        rm -f -- "$sheet"
-        "$batch" icons --kind "${shown%%:*}" --labels both -- "$input" "$sheet" >"$log" 2>&1 || true
-        [ -s "$sheet" ] || { cat "$log" >&2; fail "\"$sheet\" could not be painted."; }
-        echo "Wrote  $sheet (its icons)"
-    done
-fi
+for shown in 'polygon:polygons' 'polyline:lines' 'poi:points' 'extrapoi:extra POI members'; do
+    [ "$(count "$before" "${shown#*:}")" != 0 ] || continue
+    sheet=$out/${name%.*}.${shown%%:*}.png
+    rm -f -- "$sheet"
+    "$batch" icons --kind "${shown%%:*}" --labels both -- "$input" "$sheet" >"$log" 2>&1 || true
+    [ -s "$sheet" ] || { cat "$log" >&2; fail "\"$sheet\" could not be painted."; }
+    echo "Wrote  $sheet (its icons)"
+done
 
 same=()
 different=()
