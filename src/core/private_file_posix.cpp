@@ -7,47 +7,12 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "core/descriptor_posix.h"
+
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-[[noreturn]] void failByErrno(int error, const fs::path& file) {
-    switch (error) {
-        case ENOENT:
-        case ENOTDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
-            failOnFile(ErrorNumber::path, file.string());
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case EISDIR:
-            failOnFile(ErrorNumber::permission, file.string());
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            failOnFile(ErrorNumber::diskFull, file.string());
-        default:
-            failOnFile(ErrorNumber::device, file.string());
-    }
-}
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0) {
-            ::close(number_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int get() const { return number_; }
-
-  private:
-    int number_;
-};
 
 int writeAt(int descriptor, off_t position, ByteView content) {
     while (!content.empty()) {

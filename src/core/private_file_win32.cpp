@@ -1,52 +1,13 @@
 #include "core/private_file.h"
 
-#include <windows.h>
-
 #include <algorithm>
 
-#include "core/paths.h"
+#include "core/handle_win32.h"
 
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr DWORD kLargestStep = 1U << 24U;
-
-[[noreturn]] void failByCode(DWORD error, const fs::path& file) {
-    switch (error) {
-        case ERROR_PATH_NOT_FOUND:
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_INVALID_NAME:
-        case ERROR_DIRECTORY:
-            failOnFile(ErrorNumber::path, utf8FromPath(file));
-        case ERROR_ACCESS_DENIED:
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_WRITE_PROTECT:
-            failOnFile(ErrorNumber::permission, utf8FromPath(file));
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            failOnFile(ErrorNumber::diskFull, utf8FromPath(file));
-        default:
-            failOnFile(ErrorNumber::device, utf8FromPath(file));
-    }
-}
-
-class Handle {
-  public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle() {
-        if (handle_ != INVALID_HANDLE_VALUE) {
-            ::CloseHandle(handle_);
-        }
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    [[nodiscard]] HANDLE get() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
 
 bool seek(HANDLE handle, LONGLONG position) {
     LARGE_INTEGER place{};

@@ -2,11 +2,9 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <functional>
 
 #include "support/test_files.h"
@@ -16,6 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::bytesOf;
+using testing::FullDevice;
 using testing::TemporaryFolder;
 using testing::writePlain;
 
@@ -31,26 +30,6 @@ int numberOf(const std::function<void()>& action) {
 int writeNumber(const fs::path& target, const Bytes& content = bytesOf("new")) {
     return numberOf([&] { replaceFile(target, content); });
 }
-
-// A device that fails after so many bytes: larger files can't be written while this lives.
-class FullDevice {
-  public:
-    explicit FullDevice(rlim_t bytes) : signal_(std::signal(SIGXFSZ, SIG_IGN)) {
-        ::getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit small{bytes, limit_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~FullDevice() {
-        ::setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, signal_);
-    }
-    FullDevice(const FullDevice&) = delete;
-    FullDevice& operator=(const FullDevice&) = delete;
-
-  private:
-    rlimit limit_{};
-    void (*signal_)(int);
-};
 
 class Files : public ::testing::Test {
   protected:
@@ -141,20 +120,54 @@ TEST_F(Files, APipeIsWrittenToAndStaysAPipe) {
     ::close(reader);
 }
 
-TEST_F(Files, AFolderThatTakesNoFilesRefuses) {
-    // Root may write everywhere, so root takes the place of nobody for a while.
-    const bool root = ::geteuid() == 0;
-    writePlain(file, bytesOf("old"));
-    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    if (root && (::chown(folder.path().c_str(), 65534, 65534) != 0 ||
-                 ::chown(file.c_str(), 65534, 65534) != 0 || ::seteuid(65534) != 0)) {
-        GTEST_SKIP() << "no other user to be";
+// Root may write everywhere, so root takes the place of nobody for a while.
+class Nobody {
+  public:
+    explicit Nobody(const std::vector<fs::path>& owned) {
+        for (const fs::path& file : owned) {
+            able_ = able_ && (!root_ || ::chown(file.c_str(), 65534, 65534) == 0);
+        }
+        able_ = able_ && (!root_ || ::seteuid(65534) == 0);
     }
-    EXPECT_FALSE(isWritable(file));
-    EXPECT_EQ(writeNumber(file), 70);
-    EXPECT_EQ(readFile(file), bytesOf("old"));
-    ASSERT_TRUE(!root || ::seteuid(0) == 0);
-    fs::permissions(folder.path(), fs::perms::owner_all);
+    ~Nobody() { EXPECT_TRUE(!root_ || ::seteuid(0) == 0); }
+    Nobody(const Nobody&) = delete;
+    Nobody& operator=(const Nobody&) = delete;
+    [[nodiscard]] bool able() const { return able_; }
+
+  private:
+    bool root_ = ::geteuid() == 0;
+    bool able_ = true;
+};
+
+TEST_F(Files, AFolderThatTakesNoFilesHasItsOwnWrittenOver) {
+    const fs::path sealed = folder.path() / "sealed";
+    fs::create_directory(sealed);
+    const fs::path inside = sealed / folder.path().filename();  // unlike those of other tests
+    const fs::path copy = fs::temp_directory_path() / (inside.filename().string() + "~");
+    writePlain(inside, bytesOf("an old content"));
+    fs::permissions(sealed, fs::perms::owner_read | fs::perms::owner_exec);
+    {
+        const Nobody nobody({sealed, inside});
+        if (!nobody.able()) {
+            GTEST_SKIP() << "no other user to be";
+        }
+        EXPECT_TRUE(isWritable(inside));
+        EXPECT_FALSE(isWritable(sealed / "new.typ"));
+        EXPECT_EQ(writeNumber(sealed / "new.typ"), 70);
+        EXPECT_EQ(writeNumber(inside, bytesOf("short")), 0);
+        EXPECT_EQ(readFile(inside), bytesOf("short"));
+        EXPECT_EQ(writeNumber(inside, Bytes(5000)), 0);
+        EXPECT_EQ(readFile(inside), Bytes(5000));
+        const FullDevice device(6000);
+        EXPECT_EQ(writeNumber(inside, Bytes(9000, 1)), 61);
+        EXPECT_EQ(readFile(inside), Bytes(5000)) << "put back";
+        EXPECT_FALSE(fs::exists(copy));
+        fs::permissions(inside, fs::perms::owner_read);
+        EXPECT_FALSE(isWritable(inside));
+        EXPECT_EQ(writeNumber(inside), 70);
+    }
+    fs::permissions(sealed, fs::perms::owner_all);
+    EXPECT_EQ(std::distance(fs::directory_iterator(sealed), {}), 1);
 }
 
 }  // namespace
