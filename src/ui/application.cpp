@@ -2,7 +2,6 @@
 
 #include <QScopedValueRollback>
 #include <QSessionManager>
-#include <QWidget>
 
 #include "ui/guard.h"
 
@@ -34,28 +33,16 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 void Application::commitData(QSessionManager& manager) {
     // The next session begins without a command line that a manager made up.
     manager.setRestartHint(QSessionManager::RestartNever);
-    if (window_ == nullptr || !window_->isVisible()) {
+    if (sessionEnd_ == nullptr) {
         return;
     }
-    if (!manager.allowsInteraction()) {
-        backUp();
-        return;
-    }
-    window_->close();
-    // Still there: the user wants to stay, or a save is under way and the window goes after it.
-    if (window_->isVisible()) {
+    const bool interaction = manager.allowsInteraction();
+    if (!sessionEnd_->requested(interaction)) {
         manager.cancel();
     }
-    manager.release();
-}
-
-void Application::endWithoutQuestion() {
-    try {
-        backUp();
-    } catch (...) {
-        // There is nobody to be told any more.
+    if (interaction) {
+        manager.release();
     }
-    exit(0);
 }
 
 }  // namespace quillmark

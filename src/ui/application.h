@@ -2,7 +2,8 @@
 #pragma once
 
 #include <QApplication>
-#include <functional>
+
+#include "ui/session_end.h"
 
 class QSessionManager;
 
@@ -13,20 +14,15 @@ class Application : public QApplication {
     // Keeps references to its arguments.
     Application(int& argc, char** argv);
 
-    // Keeps what isn't saved, when the process has to end without a question.
-    std::function<void()> backUp;
-    // The window that closes with the user's session, and asks before it does.
-    void setWindow(QWidget* window) { window_ = window; }
+    // What an end of the session does while there is a window.
+    void setSessionEnd(const SessionEnd* end) { sessionEnd_ = end; }
 
     bool notify(QObject* receiver, QEvent* event) override;
-
-    // Ends the program as a signal of the platform does.
-    void endWithoutQuestion();
 
   private:
     void commitData(QSessionManager& manager);
 
-    QWidget* window_ = nullptr;
+    const SessionEnd* sessionEnd_ = nullptr;
     bool telling_ = false;
 };
 

@@ -86,9 +86,13 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     std::vector<Connection> connections;
     showWork(program.tasks, window.statusLine(), connections);
     program.dialogues.setParent(&window);
-    application.setWindow(&window);
-    application.backUp = [&program] { program.session.backUpNow(); };
-    onEndSignals(&window, [&application] { application.endWithoutQuestion(); });
+    const SessionEnd sessionEnd{
+        [&window](const Session::Then& then) { window.Form_QueryUnload(then); },
+        [&program] { program.session.backUpNow(); },
+        // Not `quit`, which would ask the window again.
+        [] { QCoreApplication::exit(0); }};
+    application.setSessionEnd(&sessionEnd);
+    onEndSignals(&window, [&sessionEnd] { sessionEnd.withoutQuestion(); });
 
     WindowPlace place(window, program.settings);
     place.show(guarded("Main", "frmMain", [&program, &window, file] {
@@ -99,7 +103,7 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     }));
     End end;
     end.status = QApplication::exec();
-    application.setWindow(nullptr);
+    application.setSessionEnd(nullptr);
     place.store();
     cleanUpAtExit(program.settings, program.folders, program.context.Version);
     end.allThreadsEnded = program.tasks.settle(kLastWrites);

@@ -9,6 +9,7 @@
 #include "text/backups.h"
 #include "ui/qt_settings_store.h"
 #include "ui/qt_text.h"
+#include "ui/session_end.h"
 #include "ui/window_place.h"
 
 namespace quillmark {
@@ -105,6 +106,30 @@ TEST_F(ProcessTest, CrashIsFollowedByTheBackupOfItsRun) {
     EXPECT_NE(backups().find("second.txt Sauvegarde n°0"), std::string::npos);
     EXPECT_EQ(setting("Paramètres", "WindowState"), "0");
     EXPECT_EQ(setting("Paramètres", "Sauvegarde automatique"), "1");
+}
+
+TEST(SessionEnd, WaitsForAnAnswerAndBacksUpWhereThereIsNone) {
+    int backups = 0;
+    int ends = 0;
+    std::function<void(bool)> answer;
+    SessionEnd end{[&](std::function<void(bool)> then) { answer = std::move(then); },
+                   [&] { ++backups; }, [&] { ++ends; }};
+    EXPECT_FALSE(end.requested(true));  // the save isn't through
+    EXPECT_EQ(ends, 0);
+    answer(true);
+    EXPECT_EQ(ends, 1);
+    for (const bool done : {false, true}) {
+        end.queryUnload = [done](const std::function<void(bool)>& then) { then(done); };
+        EXPECT_EQ(end.requested(true), done);
+        EXPECT_EQ(ends, done ? 2 : 1);
+    }
+    EXPECT_EQ(backups, 0);
+    EXPECT_TRUE(end.requested(false));
+    EXPECT_EQ(backups, 1);
+    EXPECT_EQ(ends, 2);  // the platform ends it
+    end.backUp = [] { throw std::runtime_error("disk full"); };
+    end.withoutQuestion();
+    EXPECT_EQ(ends, 3);
 }
 
 TEST(WindowPlace, IsRestoredAndStored) {
