@@ -1,22 +1,16 @@
 // A process that is ended within a save leaves the old file or the new one, never less.
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/ptrace.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "core/files.h"
-#include "core/settings.h"
-#include "session/session.h"
+#include "session_fixture.h"
 #include "support/generated_document.h"
-#include "support/scripted_dialogues.h"
-#include "support/test_files.h"
 #include "typ/writer.h"
 
 namespace quillmark {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace testing;
 
 constexpr int kNoTracing = 77;
@@ -56,84 +50,60 @@ Bytes withoutTime(Bytes file) {
     return file;
 }
 
-class KilledSave : public ::testing::Test {
+class KilledSave : public SessionTest {
   protected:
-    // Kills saves of what is opened from `content` all along their way.
-    void killAll(const std::string& name, const Bytes& content, std::deque<Answer> answers);
+    // Kills saves of a file that was opened, about twenty times all along their way.
+    void killAll(const std::string& name, const Bytes& content, const std::deque<Answer>& answers);
 
-    TemporaryFolder folder;
-    MemorySettings store;
-    Settings settings{store};
-    Traduction traduction;
-    ImmediateTasks tasks;
-    Profile types;
     int kills = 0;
 };
 
 void KilledSave::killAll(const std::string& name, const Bytes& content,
-                         std::deque<Answer> answers) {
+                         const std::deque<Answer>& answers) {
     SCOPED_TRACE(name);
-    const fs::path file = folder.path() / name;
-    const fs::path original = folder.path() / (name + "~");
+    const auto file = path(name);
+    const auto original = path(name + "~");
     writePlain(file, content);
-    const auto time = fs::last_write_time(file);
-
-    TextBackups backups;
-    ScriptedDialogues dialogues;
-    Document document;
-    Session session(document, {dialogues, tasks, settings, traduction,
-                               [this]() -> const Profile& { return types; }, backups});
-    session.ouvrir(file);
+    const auto time = std::filesystem::last_write_time(file);
+    open(file);
     session.edit({Change::What::header, {}, nullptr, {}},
                  [](Document& edited) { edited.FID = "1234"; });
-    ASSERT_TRUE(session.changed());
     const bool damaged = session.facts().damaged;
-    const auto save = [&] {
+    const auto saveOnce = [&] {
         dialogues.answers = answers;
-        session.mnuEnregistrer_Click();
+        save();
     };
-    const auto restore = [&] {
-        for (const auto& entry : fs::directory_iterator(folder.path())) {
-            fs::remove(entry.path());
-        }
-        writePlain(file, content);
-        fs::last_write_time(file, time);
-    };
-
-    const int all = stopsUntilKilled(-1, save);
+    const int all = stopsUntilKilled(-1, saveOnce);
     if (all < 0) {
         GTEST_SKIP() << "processes can't be stopped here";
     }
     const Bytes saved = withoutTime(readFile(file));
     ASSERT_NE(saved, withoutTime(content));
     int olds = 0;
-    for (int at = 0; at < all; ++at, ++kills) {
-        restore();
-        stopsUntilKilled(at, save);
+    int news = 0;
+    for (int at = 0; at < all; at += (all + 19) / 20) {
+        SCOPED_TRACE("killed at " + std::to_string(at) + " of " + std::to_string(all));
+        std::filesystem::remove(original);
+        writePlain(file, content);
+        std::filesystem::last_write_time(file, time);
+        stopsUntilKilled(at, saveOnce);
         const Bytes found = readFile(file);
-        if (found == content) {
-            ++olds;
-        } else {
-            ASSERT_EQ(withoutTime(found), saved) << "killed at " << at << " of " << all;
-            EXPECT_EQ(fs::exists(original), damaged);
-        }
-        if (fs::exists(original)) {
-            ASSERT_EQ(readFile(original), content) << "killed at " << at << " of " << all;
-        }
+        (found == content ? olds : news) += 1;
+        ASSERT_TRUE(found == content || withoutTime(found) == saved);
+        EXPECT_TRUE(found == content || std::filesystem::exists(original) == damaged);
+        ASSERT_TRUE(!std::filesystem::exists(original) || readFile(original) == content);
     }
-    EXPECT_GT(olds, 0);
-    EXPECT_LT(olds, all) << "some came behind the change of names";
+    EXPECT_TRUE(olds > 0 && news > 0) << olds << " before the change of names, " << news;
+    kills += olds + news;
+    dialogues.answers = {Answer::no};
+    close();
 }
 
 TEST_F(KilledSave, TheNameHoldsTheOldOrTheNewContent) {
-    const Document document = generatedDocument(400);
-    const Bytes typ = CreerTYP(document, {2024, 1, 2, 3, 4, 5}).file;
+    const Bytes typ = CreerTYP(generatedDocument(400), {2024, 1, 2, 3, 4, 5}).file;
     killAll("a.typ", typ, {});
     killAll("b.typ", Bytes(typ.begin(), typ.end() - 40), {Answer::yes});
-    killAll("c.txt",
-            bytesOf("[_id]\r\nProductCode=1\r\nFID=5\r\nCodePage=1252\r\n[end]\r\n"
-                    "[_polygon]\r\nType=0x7\r\nXpm=\"0 0 1 0\"\r\n\"1 c #112233\"\r\n[end]\r\n"),
-            {});
+    killAll("c.txt", bytesOf("[_id]\r\nProductCode=1\r\nFID=5\r\nCodePage=1252\r\n[end]\r\n"), {});
     if (!IsSkipped()) {
         EXPECT_GE(kills, 50);
     }

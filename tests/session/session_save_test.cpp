@@ -1,7 +1,3 @@
-#include <sys/wait.h>
-
-#include <csignal>
-
 #include "session_fixture.h"
 #include "typ/reader.h"
 #include "typ/writer.h"
@@ -366,53 +362,6 @@ TEST_F(SessionSave, AFailureOfAnObserverFreesTheSession) {
         [](const Change&) { throw std::runtime_error("observer"); });
     EXPECT_THROW(save(), std::runtime_error);
     EXPECT_FALSE(session.busy());
-}
-
-// The process dies at any moment: the name holds the old or the new content, whole.
-TEST_F(SessionSave, AKillAtAnyMomentLeavesAWholeFile) {
-    Document large = sample();
-    const Polygone polygon = large.Polygone.at(0);
-    for (int i = 0; i < 3000; ++i) {
-        large.Polygone.push_back(polygon);
-        setIdentity(large.Polygone.back().Type, large.Polygone.back().SubType,
-                    static_cast<std::uint16_t>(0x2000 + i));
-    }
-    const Bytes old = readFile(typFile("a.typ", large));
-    open(path("a.typ"));
-    session.edit({Change::What::header, {}, nullptr, {}}, [](Document& d) { d.FID = "4242"; });
-    using Clock = std::chrono::steady_clock;
-    const auto isNew = [](const Bytes& bytes) {
-        const OpenedTyp read = ouvrir(bytes, Traduction());
-        return !read.journal.ErreurFlag() && read.document.FID == "4242" &&
-               read.document.Polygone.size() == 3002;
-    };
-    auto took = std::chrono::microseconds(0);
-    int whole = 0;
-    for (int i = -1; i < 50; ++i) {
-        writePlain(path("a.typ"), old);
-        const auto began = Clock::now();
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            dialogues.answers = {Answer::yes};  // the file isn't the one that was opened
-            save();
-            _exit(0);
-        }
-        if (i >= 0) {
-            ::usleep(static_cast<useconds_t>((took * i / 45).count()));
-            ::kill(child, SIGKILL);
-        }
-        int status = 0;
-        ASSERT_EQ(::waitpid(child, &status, 0), child);
-        if (i < 0) {
-            took = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - began);
-        }
-        const Bytes now = readFile(path("a.typ"));
-        ASSERT_TRUE(now == old || isNew(now)) << "killed at point " << i;
-        whole += now == old ? 0 : 1;
-    }
-    EXPECT_GT(whole, 1);
-    EXPECT_LT(whole, 51);
 }
 
 }  // namespace
