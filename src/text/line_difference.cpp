@@ -1,7 +1,6 @@
 #include "text/line_difference.h"
 
 #include <algorithm>
-#include <array>
 
 namespace quillmark {
 namespace {
@@ -16,30 +15,19 @@ bool beginsLine(std::u16string_view text, std::size_t at) {
     return at == 0 || text[at - 1] == kEnd;
 }
 
-// A line and its neighbours; empty where there are none.
-std::array<std::u16string_view, 3> around(std::u16string_view text, int line) {
-    std::array<std::u16string_view, 3> lines;
-    for (int i = 0; i <= line + 1; ++i) {
+// The first `count` lines, and one more.
+std::vector<std::u16string_view> splitLines(std::u16string_view text, int count) {
+    std::vector<std::u16string_view> lines;
+    lines.reserve(static_cast<std::size_t>(count) + 1);
+    for (int i = 0; i <= count; ++i) {
         const std::size_t end = text.find(kEnd);
-        if (i >= line - 1) {
-            lines[static_cast<std::size_t>(i - line + 1)] = text.substr(0, end);
-        }
+        lines.push_back(text.substr(0, end));
         if (end == std::u16string_view::npos) {
             break;
         }
         text.remove_prefix(end + 1);
     }
     return lines;
-}
-
-int alike(std::u16string_view a, int lineOfA, std::u16string_view b, int lineOfB) {
-    const auto linesOfA = around(a, lineOfA);
-    const auto linesOfB = around(b, lineOfB);
-    int same = 0;
-    for (std::size_t i = 0; i < linesOfA.size(); ++i) {
-        same += linesOfA[i] == linesOfB[i] ? 1 : 0;
-    }
-    return same;
 }
 
 }  // namespace
@@ -72,20 +60,33 @@ LineDifference::LineDifference(std::u16string_view before, std::u16string_view a
     linesAfter_ = lineEnds(after.substr(head_, after.size() - tail_ - head_));
 }
 
-int LineDifference::follow(int line) const {
+// How many of a line and its neighbours are the same.
+int LineDifference::alike(const Lines& a, int lineOfA, const Lines& b, int lineOfB) {
+    int same = 0;
+    for (int i = -1; i <= 1; ++i) {
+        const auto atA = static_cast<std::size_t>(lineOfA + i);
+        const auto atB = static_cast<std::size_t>(lineOfB + i);
+        same += atA < a.size() && atB < b.size() && a[atA] == b[atB] ? 1 : 0;
+    }
+    return same;
+}
+
+int LineDifference::follow(int line) {
     if (line < headLines_ || head_ == before_.size()) {
         return line;
     }
     if (tail_ > 0 && line >= headLines_ + linesBefore_) {
         return line + moved();
     }
+    if (middleBefore_.empty()) {
+        middleBefore_ = splitLines(before_.substr(head_), linesBefore_);
+        middleAfter_ = splitLines(after_.substr(head_), linesAfter_);
+    }
     // Within what differs much may be the same: a line keeps its distance to the one end or to
     // the other.
     const int number = line - headLines_;
-    const std::u16string_view before = before_.substr(head_);
-    const std::u16string_view after = after_.substr(head_);
-    if (number + moved() >= 0 &&
-        alike(before, number, after, number + moved()) > alike(before, number, after, number)) {
+    if (moved() != 0 && alike(middleBefore_, number, middleAfter_, number + moved()) >
+                            alike(middleBefore_, number, middleAfter_, number)) {
         return line + moved();
     }
     return headLines_ + std::min(number, std::max(0, linesAfter_ - (tail_ > 0 ? 1 : 0)));

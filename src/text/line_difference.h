@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace quillmark {
 
@@ -18,9 +19,13 @@ class LineDifference {
     // Line ends of `after` less those of `before`.
     [[nodiscard]] int moved() const { return linesAfter_ - linesBefore_; }
     // The line of `after` (from 0) that stands for a line of `before`, as near as can be told.
-    [[nodiscard]] int follow(int line) const;
+    [[nodiscard]] int follow(int line);
 
   private:
+    // The lines between head and tail and what follows them, found when first asked for.
+    using Lines = std::vector<std::u16string_view>;
+    [[nodiscard]] static int alike(const Lines& a, int lineOfA, const Lines& b, int lineOfB);
+
     std::u16string_view before_;
     std::u16string_view after_;
     std::size_t head_ = 0;
@@ -28,6 +33,8 @@ class LineDifference {
     int headLines_ = 0;
     int linesBefore_ = 0;  // line ends between head and tail
     int linesAfter_ = 0;
+    Lines middleBefore_;
+    Lines middleAfter_;
 };
 
 }  // namespace quillmark

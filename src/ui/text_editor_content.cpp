@@ -49,7 +49,7 @@ void TextEditor::setContent(const std::string& text) {
     const QString after = rawText(text);
     Place place = isFilling() ? kept_ : this->place();
     filler_.stop();
-    const LineDifference change(viewOf(before), viewOf(after));
+    LineDifference change(viewOf(before), viewOf(after));
     place.line = change.follow(place.line);
     place.topLine = change.follow(place.topLine);
     kept_ = std::exchange(forgetPlace_, false) ? Place() : place;
@@ -130,7 +130,7 @@ void TextEditor::markLines(int first, int last) {
     }
     if (edited_) {
         const QString now = rawContent();
-        const LineDifference change(viewOf(range_.original()), viewOf(now));
+        LineDifference change(viewOf(range_.original()), viewOf(now));
         first = change.follow(first);
         last = change.follow(last);
     }
