@@ -62,11 +62,16 @@ LineDifference::LineDifference(std::u16string_view before, std::u16string_view a
 
 // How many of a line and its neighbours are the same.
 int LineDifference::alike(const Lines& a, int lineOfA, const Lines& b, int lineOfB) {
+    const auto at = [](const Lines& lines, int line) {
+        return line >= 0 && line < static_cast<int>(lines.size())
+                   ? &lines[static_cast<std::size_t>(line)]
+                   : nullptr;
+    };
     int same = 0;
     for (int i = -1; i <= 1; ++i) {
-        const auto atA = static_cast<std::size_t>(lineOfA + i);
-        const auto atB = static_cast<std::size_t>(lineOfB + i);
-        same += atA < a.size() && atB < b.size() && a[atA] == b[atB] ? 1 : 0;
+        const auto* const one = at(a, lineOfA + i);
+        const auto* const other = at(b, lineOfB + i);
+        same += one != nullptr && other != nullptr && *one == *other ? 1 : 0;
     }
     return same;
 }

@@ -56,7 +56,7 @@ class Finder {
         }
     }
 
-    std::optional<TextRange> next(std::size_t from) const {
+    [[nodiscard]] std::optional<TextRange> next(std::size_t from) const {
         if (searched_.empty()) {
             return std::nullopt;
         }
@@ -83,7 +83,7 @@ class Finder {
     }
 
   private:
-    char32_t folded(char32_t character) const {
+    [[nodiscard]] char32_t folded(char32_t character) const {
         if (options_.matchCase) {
             return character;
         }

@@ -70,7 +70,7 @@ std::string fileText(const QString& raw) {
     std::string text;
     // Most characters take a byte, and a line end two; what else there is makes it grow.
     text.reserve(static_cast<std::size_t>(raw.size() + raw.count(QChar::ParagraphSeparator)));
-    const char16_t* const in = reinterpret_cast<const char16_t*>(raw.utf16());
+    const auto* const in = reinterpret_cast<const char16_t*>(raw.utf16());
     const qsizetype size = raw.size();
     for (qsizetype i = 0; i < size;) {
         const qsizetype start = i;

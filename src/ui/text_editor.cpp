@@ -159,7 +159,9 @@ bool TextEditor::handleKey(const QKeyEvent& event) {
     const int key = event.key();
     if (modifiers == Qt::ControlModifier && (key == Qt::Key_Tab || key == Qt::Key_Backtab)) {
         const bool back = key == Qt::Key_Backtab || (event.modifiers() & Qt::ShiftModifier) != 0;
-        QAbstractScrollArea::focusNextPrevChild(!back);
+        setTabChangesFocus(true);
+        focusNextPrevChild(!back);
+        setTabChangesFocus(false);
     } else if (event.matches(QKeySequence::ZoomIn) ||
                (modifiers == Qt::ControlModifier && key == Qt::Key_Equal)) {
         zoom(1);

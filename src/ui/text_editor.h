@@ -63,17 +63,15 @@ class TextEditor : public QPlainTextEdit {
     [[nodiscard]] const TextTheme& theme() const { return theme_; }
     [[nodiscard]] std::pair<int, int> markedLines() const;
 
-  public Q_SLOTS:
     // The view's own steps; without any, the document's are asked for.
-    void undo();
-    void redo();
+    Q_SLOT void undo();
+    Q_SLOT void redo();
 
-  Q_SIGNALS:
-    void editedChanged(bool edited);
-    void typed();
-    void filled();
-    void undoBeyond();
-    void redoBeyond();
+    Q_SIGNAL void editedChanged(bool edited);
+    Q_SIGNAL void typed();
+    Q_SIGNAL void filled();
+    Q_SIGNAL void undoBeyond();
+    Q_SIGNAL void redoBeyond();
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -202,10 +202,10 @@ void TextEditor::replaceRanges(const std::vector<TextRange>& ranges, const QStri
     QTextCursor cursor(document());
     cursor.beginEditBlock();
     // From behind, so that the places of the others stay.
-    for (auto range = ranges.rbegin(); range != ranges.rend(); ++range) {
-        const auto start = static_cast<int>(range->start);
+    for (std::size_t i = ranges.size(); i-- > 0;) {
+        const auto start = static_cast<int>(ranges[i].start);
         cursor.setPosition(start);
-        cursor.setPosition(start + static_cast<int>(range->length), QTextCursor::KeepAnchor);
+        cursor.setPosition(start + static_cast<int>(ranges[i].length), QTextCursor::KeepAnchor);
         cursor.insertText(text);
     }
     cursor.endEditBlock();

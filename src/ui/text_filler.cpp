@@ -9,8 +9,8 @@ namespace quillmark {
 namespace {
 
 constexpr qint64 kStepMilliseconds = 10;
-constexpr qsizetype kPiece = 8 * 1024;    // characters between two looks at the clock
-constexpr qsizetype kAtOnce = 64 * 1024;  // below that, nobody waits for a clock
+constexpr qsizetype kPiece = 8'192;    // characters between two looks at the clock
+constexpr qsizetype kAtOnce = 65'536;  // below that, nobody waits for a clock
 
 }  // namespace
 

@@ -21,7 +21,7 @@ class TextHighlighter : public QObject {
     void colour(const QTextBlock& first, const QTextBlock& last);
 
   private:
-    bool colour(const QTextBlock& block) const;
+    [[nodiscard]] bool colour(const QTextBlock& block) const;
     void forget(int position, int added) const;
 
     QTextDocument& document_;
