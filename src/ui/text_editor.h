@@ -45,9 +45,11 @@ class TextEditor : public QPlainTextEdit {
     void forgetPlace() { forgetPlace_ = true; }
 
     void setEditable(bool editable);
-    // Gives lines of the text as it was put there a background, wherever edits have moved them, and
-    // brings the first into sight.
+    // Gives lines of the text as it was put there a background, wherever edits have moved them.
     void markLines(int first, int last);
+    void unmark();
+    // Marks lines and brings them into sight with the cursor, but without the focus.
+    void showLines(int first, int last);
     // Takes the focus.
     void goToLine(int line);
 

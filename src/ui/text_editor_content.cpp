@@ -58,7 +58,7 @@ void TextEditor::setContent(const std::string& text) {
     lines_ = document()->blockCount() + change.moved();
     wanted_.reset();
     later_.clear();
-    markStart_ = markEnd_ = QTextCursor();
+    unmark();
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
     showReadOnly();
@@ -137,12 +137,25 @@ void TextEditor::markLines(int first, int last) {
     const int end = document()->blockCount() - 1;
     markStart_ = QTextCursor(document()->findBlockByNumber(std::clamp(first, 0, end)));
     markEnd_ = QTextCursor(document()->findBlockByNumber(std::clamp(last, 0, end)));
+    viewport()->update();
+}
+
+void TextEditor::unmark() {
+    markStart_ = markEnd_ = QTextCursor();
+    viewport()->update();
+}
+
+void TextEditor::showLines(int first, int last) {
+    if (isFilling()) {
+        later_.emplace_back([this, first, last] { showLines(first, last); });
+        return;
+    }
+    markLines(first, last);
     const int line = textCursor().blockNumber();
     if (line < markStart_.blockNumber() || line > markEnd_.blockNumber()) {
         setTextCursor(markStart_);
     }
     bringIntoSight(markStart_.blockNumber(), markEnd_.blockNumber());
-    viewport()->update();
 }
 
 void TextEditor::goToLine(int line) {

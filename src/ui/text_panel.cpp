@@ -46,7 +46,10 @@ TextPanel::TextPanel(QWidget* parent, AppContext& context)
     connectEditor();
     connections_.push_back(context.languageChanged.connect([this] { retranslate(); }));
     connections_.push_back(context.session.factsChanged.connect([this] { showState(); }));
-    connections_.push_back(context.current.changed.connect([this] { showState(); }));
+    connections_.push_back(context.current.changed.connect([this] {
+        showState();
+        markCurrent();
+    }));
     connections_.push_back(context.session.documentChanged.connect([this](const Change& change) {
         if (change.what == Change::What::replaced) {
             editor_->forgetPlace();
@@ -208,10 +211,24 @@ void TextPanel::followSubject() {
 void TextPanel::show(const std::string& text) {
     followSubject();
     editor_->setContent(text);
+    markCurrent();
+}
+
+// The section of the selected object, wherever it stands by now; the text isn't scrolled.
+void TextPanel::markCurrent() {
+    if (context_.session.textView().stale) {
+        return;  // another text is about to come
+    }
+    if (const TextSection* section =
+            context_.session.textView().sectionOf(context_.current.object())) {
+        editor_->markLines(section->firstLine, section->lastLine);
+    } else {
+        editor_->unmark();
+    }
 }
 
 void TextPanel::showLines(int firstLine, int lastLine) {
-    editor_->markLines(firstLine, lastLine);
+    editor_->showLines(firstLine, lastLine);
 }
 
 void TextPanel::setEditable(bool editable) {

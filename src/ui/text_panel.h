@@ -63,6 +63,7 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
     void retranslate();
     void showState();
     void followSubject();
+    void markCurrent();
     void keepBackup();
 
     AppContext& context_;

@@ -182,7 +182,7 @@ TEST_F(TextEditorTest, FillsLargeTextsInSteps) {
     EXPECT_TRUE(editor.isReadOnly());
     EXPECT_EQ(editor.content(), large);
     EXPECT_FALSE(editor.isEdited());
-    editor.markLines(39'000, 39'010);
+    editor.showLines(39'000, 39'010);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !editor.isFilling(); }, 60'000));
     EXPECT_EQ(fileText(editor.document()->toRawText()), large);
     EXPECT_FALSE(editor.isReadOnly());

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QTest>
 #include <QTextBlock>
@@ -95,6 +96,15 @@ TEST_F(TextPanelTest, SelectionMarksItsSectionOrShowsIt) {
     auto [first, last] = editor.markedLines();
     EXPECT_EQ(line(first), "[_point]");
     EXPECT_EQ(line(last), "[end]");
+    // A deleted object's mark goes to the one that takes its place; the text stays where it is.
+    const int top = editor.verticalScrollBar()->value();
+    program.dialogues.answers = {Answer::yes};
+    session.deleteObject({ObjectKind::POI, 3, 0});
+    editor.finishFilling();
+    EXPECT_EQ(editor.markedLines().first, first);
+    EXPECT_EQ(editor.verticalScrollBar()->value(), top);
+    program.current.clear();
+    EXPECT_EQ(editor.markedLines().first, -1);
     // Lines that were typed above don't lead astray.
     editor.goToLine(0);
     QTest::keyClick(&editor, Qt::Key_Return);
