@@ -78,18 +78,23 @@ TEST(BackupBrowser, CutFilesGiveWhatIsThere) {
     const std::filesystem::path file = folder.path() / "Quillmark.save~";
     const std::string whole =
         backupBlock("a", "n", 0, "first") + backupBlock("a", "n", 1, "second").substr(1);
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const std::vector<std::pair<std::size_t, std::string>> cuts{{0, ""},
+                                                                {80, ""},
+                                                                {169, ""},
+                                                                {170, "|"},
+                                                                {173, "fir|"},
+                                                                {177, "first**|"},
+                                                                {178, "first|"},
+                                                                {347, "first||"},
+                                                                {355, "first|second**|"},
+                                                                {whole.size(), "first|second|"}};
+    for (const auto& [length, bodies] : cuts) {
         testing::writePlain(file, testing::bytesOf(whole.substr(0, length)));
         std::string all;
         for (const BackupPlace& place : listBackups(file)) {
             all += readBackup(file, place) + '|';
         }
-        if (length + 1 >= whole.size() || length < 160) {
-            EXPECT_EQ(all, length < 160             ? ""
-                           : length == whole.size() ? "first|second|"
-                                                    : "first|second**|")
-                << length;
-        }
+        EXPECT_EQ(all, bodies) << length;
     }
     EXPECT_EQ(readBackup(file, {"", 1000, 2000}), "");
     EXPECT_THROW((void)listBackups(folder.path() / "gone"), Failure);
