@@ -4,12 +4,13 @@
 #include <QLabel>
 #include <QMenu>
 #include <QSlider>
-#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "bitmap/system_colours.h"
 #include "ui/guard.h"
 #include "ui/icon_sheet_view.h"
+#include "ui/icons.h"
+#include "ui/kind_tabs.h"
 #include "ui/qt_text.h"
 #include "views/preferences.h"
 
@@ -36,7 +37,7 @@ QFont labelFont(const Settings& settings) {
 IconSheetPanel::IconSheetPanel(AppContext& context, QWidget* parent)
     : QWidget(parent),
       context_(context),
-      kinds_(new QTabBar),
+      kinds_(new KindTabs({icon("polygon"), icon("line"), icon("point"), icon("object")})),
       lblZoom_(new QLabel),
       sldZoomIcons_(new QSlider(Qt::Horizontal)),
       picAfficheTout_(new IconSheetView(context.session.document(), context.traduction)) {
@@ -50,13 +51,6 @@ IconSheetPanel::IconSheetPanel(AppContext& context, QWidget* parent)
 
 void IconSheetPanel::build() {
     kinds_->setObjectName(QStringLiteral("tabIcones"));
-    kinds_->setDrawBase(false);
-    kinds_->setExpanding(false);
-    kinds_->setUsesScrollButtons(false);
-    kinds_->setElideMode(Qt::ElideRight);
-    for (std::size_t i = 0; i < kKinds.size(); ++i) {
-        kinds_->addTab(QString());
-    }
     sldZoomIcons_->setObjectName(QStringLiteral("sldZoomIcons"));
     sldZoomIcons_->setRange(1, kLargestFactor);
     sldZoomIcons_->setPageStep(1);
@@ -77,7 +71,7 @@ void IconSheetPanel::build() {
 }
 
 void IconSheetPanel::connectControls() {
-    connect(kinds_, &QTabBar::tabBarClicked, this,
+    connect(kinds_, &KindTabs::tabBarClicked, this,
             guarded("tabIcones_Click", kWindow, [this](int tab) {
                 if (tab < 0 || kKinds[static_cast<std::size_t>(tab)] == kind_) {
                     return;
@@ -180,8 +174,7 @@ void IconSheetPanel::refresh() {
     const Traduction& t = context_.traduction;
     const Document& document = context_.session.document();
     const auto caption = [&](const std::string& name, ObjectKind kind) {
-        kinds_->setTabText(tabOf(kind), toQt(name) + QStringLiteral(" (%1)").arg(
-                                                         IconSheet::cellCount(document, kind)));
+        kinds_->setCaption(tabOf(kind), toQt(name), IconSheet::cellCount(document, kind));
     };
     caption(t.Trad("Main", "Polygones", "tabPolygones"), ObjectKind::Polygone);
     caption(t.Trad("Main", "Polylignes", "tabPolylignes"), ObjectKind::Polyline);

@@ -11,11 +11,11 @@
 class QLabel;
 class QMenu;
 class QSlider;
-class QTabBar;
 
 namespace quillmark {
 
 class IconSheetView;
+class KindTabs;
 
 class IconSheetPanel : public QWidget {
   public:
@@ -41,7 +41,7 @@ class IconSheetPanel : public QWidget {
     void setZoom(int factor);
 
     AppContext& context_;
-    QTabBar* kinds_;
+    KindTabs* kinds_;
     QLabel* lblZoom_;
     QSlider* sldZoomIcons_;
     IconSheetView* picAfficheTout_;

@@ -154,7 +154,8 @@ void ObjectListPage::readSettings() {
 
 void ObjectListPage::retranslate() {
     filter_->setPlaceholderText(toQt(filterHint(context_.traduction)));
-    filter_->setAccessibleName(filter_->placeholderText());
+    filter_->setToolTip(toQt(filterTip(context_.traduction)));
+    filter_->setAccessibleName(filter_->toolTip());
     view_->setNothingFound(toQt(nothingFoundText(context_.traduction)));
     refresh({});
 }

@@ -40,7 +40,11 @@ ListTips listTips(ListKind kind, const Traduction& traduction) {
 }
 
 std::string filterHint(const Traduction& traduction) {
-    return traduction.Trad("Main", "Filtrer par type ou par nom", "txtFiltre");
+    return traduction.Trad("Main", "Type ou nom", "txtFiltre");
+}
+
+std::string filterTip(const Traduction& traduction) {
+    return traduction.Trad("Main", "Filtrer par type ou par nom", "txtFiltreTip");
 }
 
 std::string nothingFoundText(const Traduction& traduction) {

@@ -20,7 +20,9 @@ struct ListTips {
 };
 [[nodiscard]] ListTips listTips(ListKind kind, const Traduction& traduction);
 
+// In the empty filter, where there is little room, and in full.
 [[nodiscard]] std::string filterHint(const Traduction& traduction);
+[[nodiscard]] std::string filterTip(const Traduction& traduction);
 [[nodiscard]] std::string nothingFoundText(const Traduction& traduction);
 // Of a command whose window isn't there yet.
 [[nodiscard]] std::string laterText(const Traduction& traduction);

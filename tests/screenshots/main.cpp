@@ -2,6 +2,7 @@
 //   quillmark-screenshots OUTDIR FILE LANGUAGE light|dark
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QMenu>
 #include <QPixmap>
@@ -19,11 +20,9 @@
 #include "ui/frm_main.h"
 #include "ui/frm_msgbox.h"
 #include "ui/frm_preferences.h"
-#include "ui/frm_recherche.h"
 #include "ui/frm_sauvegardetxt.h"
 #include "ui/program.h"
 #include "ui/qt_text.h"
-#include "ui/text_panel.h"
 
 namespace quillmark::testing {
 namespace {
@@ -131,9 +130,9 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     album.take(labels, "labels");
     frmPreferences preferences(&window, program.context, {});
     album.take(preferences, "preferences");
-    if (auto* text = window.findChild<TextPanel*>()) {
-        frmRecherche search(&window, program.context, *text);
-        album.take(search, "search");
+    window.menus().action("mnuRecherche").trigger();
+    if (auto* search = window.findChild<QDialog*>(QStringLiteral("frmRecherche"))) {
+        album.take(*search, "search");
     }
 }
 
