@@ -90,6 +90,8 @@ frmPreferences::frmPreferences(QWidget* parent, AppContext& context, ChooseColou
     all->addWidget(update());
     all->addWidget(buttons);
     showState();
+    // Left to itself the toolkit takes two thirds of a small screen and squeezes the rows.
+    resize(sizeHint());
 }
 
 QGroupBox* frmPreferences::mainWindow() {

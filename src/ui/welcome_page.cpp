@@ -2,7 +2,6 @@
 
 #include <QAction>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -39,11 +38,9 @@ WelcomePage::WelcomePage(QAction& create, QAction& open)
     hint_->setObjectName(QStringLiteral("lblAccueil"));
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setWordWrap(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(commandButton(open));
-    buttons->addWidget(commandButton(create));
-    buttons->addStretch();
+    auto* buttons = new QVBoxLayout;
+    buttons->addWidget(commandButton(open), 0, Qt::AlignHCenter);
+    buttons->addWidget(commandButton(create), 0, Qt::AlignHCenter);
     recentCaption_->setAlignment(Qt::AlignCenter);
     QFont bold = recentCaption_->font();
     bold.setBold(true);
