@@ -16,7 +16,10 @@ std::string SessionFacts::DossierFichier() const {
 }
 
 Session::Session(Document& document, SessionServices services)
-    : document_(document), services_(std::move(services)), recent_(services_.settings.store()) {}
+    : document_(document),
+      services_(std::move(services)),
+      recent_(services_.settings.store()),
+      textSettings_(readTextSettings(services_.settings.store())) {}
 
 Session::~Session() = default;
 

@@ -141,7 +141,7 @@ class Session {
     void cmdAppliquerModif_Click(Then then = {});
     // The question before anything that replaces the view's text: apply, drop or stay.
     void settleEdits(Then then);
-    // The control came into sight, or what the text depends on changed (preferences, language).
+    // The control came into sight, or preferences of the text changed.
     void refreshText();
 
     // --- Backups ---
@@ -236,6 +236,10 @@ class Session {
     [[nodiscard]] BackupJob backupJob() const;
     [[nodiscard]] static std::string textOf(BackupJob& job);
     [[nodiscard]] bool writesBackups() const;
+    void keepBackup(const std::string& name, const std::string& text,
+                    TextBackups::Prepared prepared);
+    void tellUnwritten();
+    [[nodiscard]] std::string backupWord() const;
 
     Document& document_;
     SessionServices services_;
@@ -250,8 +254,11 @@ class Session {
     DateTime textTime_;                  // of the open or save, for the comment lines above a text
     bool replaceEdits_ = false;          // the edits in the view are in the document by now
     std::array<bool, 2> headerTyped_{};  // by HeaderField: typed since it was last accepted
+    TextSettings textSettings_;          // that the texts of now were made with
     // The text of the whole document as it stands, made ahead; gone with the next change.
     std::optional<GeneratedText> ready_;
+    bool backupRuns_ = false;   // one of the document, not of typed text
+    bool backupAgain_ = false;  // it changed since
     bool busy_ = false;
     // Gone with the session: tasks that outlive it look here first.
     std::shared_ptr<char> alive_ = std::make_shared<char>();

@@ -1,4 +1,6 @@
 // Earlier texts of the document, kept behind.
+#include <utility>
+
 #include "core/errors.h"
 #include "session/session.h"
 #include "session/session_running.h"
@@ -44,6 +46,12 @@ void Session::sauvegardertexte() {
     if (!facts_.hasDocument) {
         return;
     }
+    const bool typed = textEdited();
+    if (backupRuns_ && !typed) {
+        // A slider's values and the like come faster than texts are made: the last one counts.
+        backupAgain_ = true;
+        return;
+    }
     struct Work {
         BackupJob job;
         std::string text;
@@ -51,32 +59,52 @@ void Session::sauvegardertexte() {
     };
     auto work = std::make_shared<Work>(Work{backupJob(), {}, {}});
     const std::string name = facts_.NomFichier();
+    backupRuns_ = backupRuns_ || !typed;
     services_.tasks.runBehind(
         [work] {
             work->text = textOf(work->job);
             work->prepared = TextBackups::prepare(work->text);
         },
-        [this, work, name](const std::exception_ptr& failure) {
-            if (failure || services_.backups.isNewest(work->prepared)) {
-                return;
+        [this, work, name, typed](const std::exception_ptr& failure) {
+            if (!failure) {
+                keepBackup(name, work->text, std::move(work->prepared));
             }
-            const std::size_t number = services_.backups.add(std::move(work->prepared));
-            if (!writesBackups()) {
-                return;
+            if (!typed) {
+                backupRuns_ = false;
+                if (std::exchange(backupAgain_, false)) {
+                    sauvegardertexte();
+                }
             }
-            const std::string block =
-                backupBlock(name, services_.traduction.Trad("Main", "Sauvegarde n°", "Sauvegarde"),
-                            number, work->text);
-            services_.tasks.runBehind(
-                [file = services_.backupFile, block] { appendBackup(file, block); },
-                [this](const std::exception_ptr& unwritten) {
-                    if (unwritten) {
-                        told(services_.traduction.Trad(
-                            "Main", "La sauvegarde automatique n'a pas pu être écrite.",
-                            "msgSauvegardeImpossible"));
-                    }
-                });
         });
+}
+
+void Session::keepBackup(const std::string& name, const std::string& text,
+                         TextBackups::Prepared prepared) {
+    if (services_.backups.isNewest(prepared)) {
+        return;
+    }
+    const std::size_t number = services_.backups.add(std::move(prepared));
+    if (!writesBackups()) {
+        return;
+    }
+    services_.tasks.runBehind(
+        [file = services_.backupFile, block = backupBlock(name, backupWord(), number, text)] {
+            appendBackup(file, block);
+        },
+        [this](const std::exception_ptr& failure) {
+            if (failure) {
+                tellUnwritten();
+            }
+        });
+}
+
+void Session::tellUnwritten() {
+    told(services_.traduction.Trad("Main", "La sauvegarde automatique n'a pas pu être écrite.",
+                                   "msgSauvegardeImpossible"));
+}
+
+std::string Session::backupWord() const {
+    return services_.traduction.Trad("Main", "Sauvegarde n°", "Sauvegarde");
 }
 
 void Session::backUpNow() {
@@ -91,10 +119,12 @@ void Session::backUpNow() {
     }
     const std::size_t number = services_.backups.add(std::move(prepared));
     if (writesBackups()) {
-        appendBackup(services_.backupFile,
-                     backupBlock(facts_.NomFichier(),
-                                 services_.traduction.Trad("Main", "Sauvegarde n°", "Sauvegarde"),
-                                 number, text));
+        try {
+            appendBackup(services_.backupFile,
+                         backupBlock(facts_.NomFichier(), backupWord(), number, text));
+        } catch (const Failure&) {
+            tellUnwritten();
+        }
     }
 }
 

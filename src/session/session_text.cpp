@@ -115,8 +115,18 @@ void Session::showText(GeneratedText generated) {
 }
 
 void Session::refreshText() {
-    if (pane_ == nullptr || !facts_.hasDocument || !view_.stale || !pane_->isShown() ||
-        (pane_->isEdited() && !replaceEdits_)) {
+    const TextSettings settings = readTextSettings(services_.settings.store());
+    if (settings.FormatPOI != textSettings_.FormatPOI ||
+        settings.EcrireTrueColors != textSettings_.EcrireTrueColors) {
+        textSettings_ = settings;
+        view_.stale = true;
+        ready_.reset();
+    }
+    if (pane_ == nullptr || !facts_.hasDocument || !view_.stale) {
+        return;
+    }
+    // A control out of sight is left alone, unless it holds edits that the document has by now.
+    if (pane_->isEdited() ? !replaceEdits_ : !pane_->isShown()) {
         return;
     }
     if (view_.wholeDocument && ready_) {
