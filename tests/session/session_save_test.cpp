@@ -1,6 +1,5 @@
 #include "session_fixture.h"
 #include "typ/reader.h"
-#include "typ/writer.h"
 
 namespace quillmark {
 namespace {
