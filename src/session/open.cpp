@@ -26,9 +26,9 @@ void openText(ByteView bytes, TextFileEncoding encoding, int codePage, const Tra
     opened.document = std::move(parsed.document);
     opened.journal = std::move(parsed.journal);
     if (decoded.malformed) {
-        opened.journal.warning(
-            traduction.Trad("Main", "Le texte n'est pas partout en UTF-8: le reste est lu en 1252.",
-                            "msgTexteUtf8"));
+        opened.journal.warning(traduction.Trad(
+            "Main", "Le texte n'est pas entièrement en UTF-8: le reste est lu en 1252.",
+            "msgTexteUtf8"));
     }
     opened.skippedLines = std::move(parsed.skippedLines);
     opened.OuvertEnTexte = true;

@@ -129,7 +129,7 @@ void writeStrings(ObjectLines& object, ByteView Strings,
     }
     if (lineEnds) {
         object.journal.warning(translate(object.context, "Main",
-                                         "Fin de ligne dans un label, remplacée par un blanc dans "
+                                         "Fin de ligne dans un label, remplacée par un espace dans "
                                          "le texte:",
                                          "msgFinDeLigne") +
                                    place,

@@ -195,9 +195,10 @@ void frmMain::showMiddle() {
 }
 
 void frmMain::retranslate() {
-    menus_.explain("mnuMiseAJour", toQt(context_.traduction.Trad(
-                                       "Preferences", "Aucune adresse de mise à jour n'est réglée.",
-                                       "chkUpdateTip")));
+    menus_.explain(
+        "mnuMiseAJour",
+        toQt(context_.traduction.Trad("Preferences", "Aucune adresse de mise à jour n'est définie.",
+                                      "chkUpdateTip")));
     menus_.retranslate(context_.traduction);
     status_->retranslate(context_.traduction);
     welcome_->retranslate(context_.traduction);

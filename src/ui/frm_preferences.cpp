@@ -244,7 +244,7 @@ QGroupBox* frmPreferences::update() {
     if (context_.settings.text(keys::kMajAdresse).empty()) {
         chkUpdate_->setEnabled(false);
         chkUpdate_->setToolTip(toQt(
-            t.Trad("Preferences", "Aucune adresse de mise à jour n'est réglée.", "chkUpdateTip")));
+            t.Trad("Preferences", "Aucune adresse de mise à jour n'est définie.", "chkUpdateTip")));
     }
     auto* column = new QVBoxLayout(frame);
     column->addWidget(chkUpdate_);

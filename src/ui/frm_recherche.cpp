@@ -135,21 +135,14 @@ void frmRecherche::open() {
 void frmRecherche::retranslate() {
     const Traduction& t = context_.traduction;
     setWindowTitle(toQt(t.Trad("Recherche", "Rechercher et remplacer", "frmRecherche")));
-    lblRechercher_->setText(toQt(t.Trad("Recherche", "Rechercher", "lblRechercher")));
-    lblRemplacer_->setText(toQt(t.Trad("Recherche", "Remplacer par", "lblRemplacer")));
-    chkCasse_->setText(toQt(t.Trad("Recherche", "Respecter la casse", "chkCasse")));
-    chkMotEntier_->setText(toQt(t.Trad("Recherche", "Mot entier", "chkMotEntier")));
-    cmdSuivant_->setText(toQt(t.Trad("Recherche", "Suivant", "cmdSuivant")));
-    cmdRemplacer_->setText(toQt(t.Trad("Recherche", "Remplacer", "cmdRemplacer")));
-    cmdRemplacerTout_->setText(toQt(t.Trad("Recherche", "Remplacer tout", "cmdRemplacerTout")));
-    cmdAnnuler_->setText(toQt(t.Trad("Recherche", "Fermer", "cmdAnnuler")));
-    Text1_->setAccessibleName(lblRechercher_->text());
-    txtRemplacer_->setAccessibleName(lblRemplacer_->text());
-    for (QAbstractButton* button :
-         std::initializer_list<QAbstractButton*>{chkCasse_, chkMotEntier_, cmdSuivant_,
-                                                 cmdRemplacer_, cmdRemplacerTout_, cmdAnnuler_}) {
-        button->setAccessibleName(button->text());
-    }
+    lblRechercher_->setText(toQt(t.Trad("Recherche", "Rec&hercher", "lblRechercher")));
+    lblRemplacer_->setText(toQt(t.Trad("Recherche", "Remplacer &par", "lblRemplacer")));
+    chkCasse_->setText(toQt(t.Trad("Recherche", "Respecter la &casse", "chkCasse")));
+    chkMotEntier_->setText(toQt(t.Trad("Recherche", "Mot &entier", "chkMotEntier")));
+    cmdSuivant_->setText(toQt(t.Trad("Recherche", "&Suivant", "cmdSuivant")));
+    cmdRemplacer_->setText(toQt(t.Trad("Recherche", "&Remplacer", "cmdRemplacer")));
+    cmdRemplacerTout_->setText(toQt(t.Trad("Recherche", "Remplacer &tout", "cmdRemplacerTout")));
+    cmdAnnuler_->setText(toQt(t.Trad("Recherche", "&Fermer", "cmdAnnuler")));
 }
 
 void frmRecherche::showState() {

@@ -230,7 +230,7 @@ void MainMenus::retranslate(const Traduction& traduction) {
             action(name.c_str()).setText(toQt(text));
         }
     }
-    laterTip_ = toQt(traduction.Trad("Main", "Cette commande viendra avec une prochaine version.",
+    laterTip_ = toQt(traduction.Trad("Main", "Cette commande arrivera dans une prochaine version.",
                                      "tipPlusTard"));
     clearText_ = toQt(traduction.Trad("Main", "&Vider la liste", "mnuMRUVider"));
     toolBar_->setAccessibleName(toQt(traduction.Trad("Main", "Barre d'outils", "tlbPrincipale")));

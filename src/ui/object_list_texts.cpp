@@ -52,7 +52,7 @@ std::string nothingFoundText(const Traduction& traduction) {
 }
 
 std::string laterText(const Traduction& traduction) {
-    return traduction.Trad("Main", "Cette commande viendra avec une prochaine version.",
+    return traduction.Trad("Main", "Cette commande arrivera dans une prochaine version.",
                            "tipPlusTard");
 }
 

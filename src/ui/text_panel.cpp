@@ -142,9 +142,9 @@ void TextPanel::retranslate() {
     cmdvoirtxt_->setText(toQt(t.Trad("Main", "Document", "cmdvoirtxt")));
     cmdvoirobjet_->setText(toQt(t.Trad("Main", "Objet", "cmdvoirobjet")));
     cmdvoirtxt_->setToolTip(
-        plainTip(toQt(t.Trad("Main", "Montrer tout le document", "cmdvoirtxtTip"))));
-    cmdvoirobjet_->setToolTip(
-        plainTip(toQt(t.Trad("Main", "Montrer seulement l'objet sélectionné", "cmdvoirobjetTip"))));
+        plainTip(toQt(t.Trad("Main", "Afficher tout le document", "cmdvoirtxtTip"))));
+    cmdvoirobjet_->setToolTip(plainTip(
+        toQt(t.Trad("Main", "Afficher seulement l'objet sélectionné", "cmdvoirobjetTip"))));
     cmdAppliquerModif_->setText(
         toQt(t.Trad("Main", "Cliquer ici pour appliquer les modifications", "cmdAppliquerModif")));
     cmdAppliquerModif_->setToolTip(kApply.toString(QKeySequence::NativeText));
