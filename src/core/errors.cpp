@@ -1,6 +1,7 @@
 #include "core/errors.h"
 
 #include <new>
+#include <system_error>
 
 namespace quillmark {
 
@@ -31,6 +32,30 @@ void failOnFile(ErrorNumber number, const std::string& file) {
     throw Failure(number, std::string(what()) + " : " + file);
 }
 
+namespace {
+
+ErrorNumber numberOf(const std::error_code& code) {
+    if (code == std::errc::no_such_file_or_directory) {
+        return ErrorNumber::fileMissing;
+    }
+    if (code == std::errc::permission_denied || code == std::errc::operation_not_permitted ||
+        code == std::errc::read_only_file_system) {
+        return ErrorNumber::permission;
+    }
+    if (code == std::errc::no_space_on_device) {
+        return ErrorNumber::diskFull;
+    }
+    if (code == std::errc::not_a_directory || code == std::errc::filename_too_long) {
+        return ErrorNumber::path;
+    }
+    if (code == std::errc::io_error || code == std::errc::no_such_device) {
+        return ErrorNumber::device;
+    }
+    return code == std::errc::not_enough_memory ? ErrorNumber::memory : ErrorNumber::other;
+}
+
+}  // namespace
+
 ErrorFacts currentErrorFacts() {
     try {
         throw;
@@ -42,6 +67,14 @@ ErrorFacts currentErrorFacts() {
         return {ErrorNumber::memory, "mémoire insuffisante"};
     } catch (const std::out_of_range& error) {
         return {ErrorNumber::index, error.what()};
+    } catch (const std::overflow_error& error) {
+        return {ErrorNumber::overflow, error.what()};
+    } catch (const std::range_error& error) {
+        return {ErrorNumber::overflow, error.what()};
+    } catch (const std::invalid_argument& error) {
+        return {ErrorNumber::conversion, error.what()};
+    } catch (const std::system_error& error) {
+        return {numberOf(error.code()), error.what()};
     } catch (const std::exception& error) {
         return {ErrorNumber::other, error.what()};
     } catch (...) {

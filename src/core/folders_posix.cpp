@@ -1,3 +1,6 @@
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 
 #include "core/folders.h"
@@ -25,10 +28,25 @@ fs::path installedData() {
 
 }  // namespace
 
+namespace {
+
+// Never a relative one: backups don't belong where the program happened to be started.
+fs::path homeFolder() {
+    fs::path home = environment("HOME");
+    if (!home.is_absolute()) {
+        const passwd* user = getpwuid(getuid());
+        home = user != nullptr && user->pw_dir != nullptr ? fs::path(user->pw_dir) : fs::path();
+    }
+    std::error_code none;
+    return home.is_absolute() ? home : fs::temp_directory_path(none);
+}
+
+}  // namespace
+
 Folders platformFolders() {
     fs::path data = environment("XDG_DATA_HOME");
     if (!data.is_absolute()) {
-        data = environment("HOME") / ".local" / "share";
+        data = homeFolder() / ".local" / "share";
     }
     std::error_code none;
     return {installedData(), data / "Quillmark", fs::temp_directory_path(none)};

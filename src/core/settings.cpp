@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "core/ascii.h"
+#include "core/settings_table.h"
 
 namespace quillmark {
 namespace {
@@ -62,8 +63,10 @@ bool readBoolean(const SettingsStore& store, std::string_view section, std::stri
 }
 
 TextSettings readTextSettings(const SettingsStore& store) {
-    return {readBoolean(store, "Paramètres", "FormatPOI", true),
-            !readBoolean(store, "Paramètres", "MasquerTextePOI", false)};
+    const auto boolean = [&store](const SettingKey& key) {
+        return readBoolean(store, key.section, key.key, key.defaut == "True");
+    };
+    return {boolean(keys::kFormatPOI), !boolean(keys::kMasquerTextePOI)};
 }
 
 }  // namespace quillmark

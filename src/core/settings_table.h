@@ -68,11 +68,18 @@ inline constexpr SettingKey kLangueLabels{kParametres, "LangueLabels", "1", Sett
                                           54};
 inline constexpr SettingKey kNombreLangues{
     kParametres, "NombreLangues", "1", SettingForm::number, 0, 4};
+// Languages of the label rows of a new object.
+inline constexpr std::array<SettingKey, 4> kLangueRang{{
+    {kParametres, "Langue0", "1", SettingForm::number, 0, 54},
+    {kParametres, "Langue1", "1", SettingForm::number, 0, 54},
+    {kParametres, "Langue2", "1", SettingForm::number, 0, 54},
+    {kParametres, "Langue3", "1", SettingForm::number, 0, 54},
+}};
 inline constexpr SettingKey kApercu{kAffichage, "Apercu", "True", SettingForm::words};
 inline constexpr SettingKey kListesObjets{kAffichage, "ListesObjets", "True", SettingForm::words};
 // Zoom of the preview in hundredths, of the icon sheet as a factor.
-inline constexpr SettingKey kZoomApercu{kAffichage, "ZoomApercu", "300", SettingForm::number, 100,
-                                        800};
+inline constexpr SettingKey kZoomApercu{kAffichage,          "ZoomApercu", "300",
+                                        SettingForm::number, 100,          800};
 inline constexpr SettingKey kZoomIcones{kAffichage, "ZoomIcones", "1", SettingForm::number, 1, 8};
 // What is seen through transparent pixels: map, light, dark, checker.
 inline constexpr SettingKey kFond{kAffichage, "Fond", "0", SettingForm::number, 0, 3};

@@ -83,6 +83,11 @@ class Session {
     [[nodiscard]] bool busy() const { return busy_; }
     // Entries of the open, then those of the last Apply.
     [[nodiscard]] Journal journal() const;
+    // Lines of the first are those of the file, lines of the second those of the text view.
+    [[nodiscard]] const Journal& openJournal() const { return openJournal_; }
+    [[nodiscard]] const Journal& applyJournal() const { return applyJournal_; }
+    // Another number whenever either is another one.
+    [[nodiscard]] unsigned journalVersion() const { return journalVersion_; }
     [[nodiscard]] int errorCount() const {
         return openJournal_.errorCount() + applyJournal_.errorCount();
     }
@@ -250,6 +255,7 @@ class Session {
     RecentFiles recent_;
     Journal openJournal_;
     Journal applyJournal_;
+    unsigned journalVersion_ = 0;
     std::optional<FileStamp> stamp_;
     DateTime textTime_;                  // of the open or save, for the comment lines above a text
     bool replaceEdits_ = false;          // the edits in the view are in the document by now

@@ -114,11 +114,12 @@ void Session::backUpNow() {
     BackupJob job = backupJob();
     const std::string text = textOf(job);
     TextBackups::Prepared prepared = TextBackups::prepare(text);
-    if (services_.backups.isNewest(prepared)) {
-        return;
-    }
-    const std::size_t number = services_.backups.add(std::move(prepared));
-    if (writesBackups()) {
+    // Written also where the newest element is the same, which may stand in memory alone; and where
+    // backups are off, since nobody could be asked.
+    const std::size_t number = services_.backups.isNewest(prepared)
+                                   ? services_.backups.number(services_.backups.count() - 1)
+                                   : services_.backups.add(std::move(prepared));
+    if (!services_.backupFile.empty()) {
         try {
             appendBackup(services_.backupFile,
                          backupBlock(facts_.NomFichier(), backupWord(), number, text));

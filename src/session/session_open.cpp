@@ -209,6 +209,7 @@ void Session::put(Loaded loaded, const fs::path& file) {
     facts_.FichierTYP = file;
     facts_.TailleFichier = opened.fileSize;
     openJournal_ = std::move(opened.journal);
+    ++journalVersion_;
     stamp_ = loaded.stamp;
     textTime_ = loaded.now;
     undo_.clear();
@@ -240,6 +241,7 @@ void Session::wipe() {
     view_ = TextView();
     openJournal_.clear();
     applyJournal_.clear();
+    ++journalVersion_;
     stamp_.reset();
     headerTyped_ = {};
     ready_.reset();

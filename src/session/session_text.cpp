@@ -327,6 +327,7 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
     applied.done = true;
     applied.entries = result.journal.entries().size();
     applyJournal_ = std::move(result.journal);
+    ++journalVersion_;
     // The text as it was typed, before it is replaced by what it became.
     sauvegardertexte();
     // Only a clean text gives way to what it became; a faulty one stays, for the journal's lines.

@@ -105,7 +105,9 @@ frmErreur::frmErreur(QWidget* parent, AppContext& context)
     cmdCopy_->setObjectName(QStringLiteral("cmdCopy"));
     cmdCopy_->setIcon(icon("copy"));
     cmdFermer_->setObjectName(QStringLiteral("cmdFermer"));
-    cmdFermer_->setDefault(true);
+    // Enter belongs to the list; it mustn't close the window as well.
+    cmdCopy_->setAutoDefault(false);
+    cmdFermer_->setAutoDefault(false);
     auto* foot = new QHBoxLayout;
     foot->addWidget(chkInverser_);
     foot->addStretch();
@@ -136,7 +138,7 @@ frmErreur::frmErreur(QWidget* parent, AppContext& context)
             guarded("cmdFermer_Click", "frmErreur", [this] { hide(); }));
     language_ = context.languageChanged.connect([this] { retranslate(); });
     facts_ = context.session.factsChanged.connect([this] {
-        if (isVisible()) {
+        if (isVisible() && shownVersion_ != context_.session.journalVersion()) {
             refresh();
         }
     });
@@ -164,6 +166,7 @@ void frmErreur::retranslate() {
 
 void frmErreur::refresh() {
     list_.refresh();
+    shownVersion_ = context_.session.journalVersion();
     lblErreurs_->setText(toQt(list_.lblErreurs()));
     lblFichier_->setText(toQt(utf8FromPath(context_.session.facts().FichierTYP)));
     lblFichier_->setVisible(!lblFichier_->text().isEmpty());

@@ -36,6 +36,7 @@ class frmErreur : public QDialog {
 
     AppContext& context_;
     JournalList list_;
+    unsigned shownVersion_ = 0;
     JournalModel* model_;
     QLabel* lblErreurs_;
     QLabel* lblFichier_;

@@ -16,7 +16,7 @@ frmInputBox::frmInputBox(QWidget* parent, const Traduction& traduction, const st
     : QDialog(parent), Text1_(new QLineEdit(toQt(initial))) {
     setObjectName(QStringLiteral("frmInputBox"));
     setWindowTitle(titre.empty() ? QStringLiteral("Quillmark") : toQt(titre));
-    auto* label = new QLabel(toQt(prompt));
+    auto* label = new QLabel(withoutAccessKey(toQt(prompt)));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setBuddy(Text1_);
@@ -26,12 +26,14 @@ frmInputBox::frmInputBox(QWidget* parent, const Traduction& traduction, const st
     Text1_->selectAll();
 
     auto* buttons = new QDialogButtonBox;
-    auto* ok = buttons->addButton(toQt(traduction.Trad("MsgBox", "OK", "MsgBoxOK")),
-                                  QDialogButtonBox::AcceptRole);
+    auto* ok =
+        buttons->addButton(withoutAccessKey(toQt(traduction.Trad("MsgBox", "OK", "MsgBoxOK"))),
+                           QDialogButtonBox::AcceptRole);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
-    auto* cancel = buttons->addButton(toQt(traduction.Trad("MsgBox", "Annuler", "MsgBoxAnnuler")),
-                                      QDialogButtonBox::RejectRole);
+    auto* cancel = buttons->addButton(
+        withoutAccessKey(toQt(traduction.Trad("MsgBox", "Annuler", "MsgBoxAnnuler"))),
+        QDialogButtonBox::RejectRole);
     cancel->setObjectName(QStringLiteral("cmdAnnuler"));
     connect(ok, &QPushButton::clicked, this,
             guarded("cmdOK_Click", "frmInputBox", [this] { accept(); }));

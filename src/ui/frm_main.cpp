@@ -43,6 +43,12 @@ std::filesystem::path droppedFile(const QMimeData& data) {
     return taken ? pathFromUtf8(fromQt(path)) : std::filesystem::path();
 }
 
+// Never as a move, after which the file manager would delete the user's file.
+void acceptAsCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 }  // namespace
 
 frmMain::frmMain(AppContext& context)
@@ -206,6 +212,7 @@ void frmMain::retranslate() {
         toQt(context_.traduction.Trad("Main", "Listes des objets", "fraListes")));
     right_->setAccessibleName(toQt(context_.traduction.Trad("Main", "Aperçu", "fraApercu")));
     showState();
+    recentShown_.reset();
     showRecentFiles();
 }
 
@@ -224,15 +231,27 @@ void frmMain::showState() {
 }
 
 void frmMain::showRecentFiles() {
-    const std::vector<std::string> paths = context_.session.recentFiles().paths();
-    const auto open = [this](const std::string& path) {
-        context_.session.ouvrir(pathFromUtf8(path));
+    std::vector<std::string> paths = context_.session.recentFiles().paths();
+    if (recentShown_ == paths) {
+        return;
+    }
+    recentShown_ = paths;
+    // Behind the click: the entry that was clicked goes with the list it stands in.
+    const auto later = [this](auto action) {
+        QMetaObject::invokeMethod(this, guarded("mnuMRU_Click", "frmMain", std::move(action)),
+                                  Qt::QueuedConnection);
     };
-    menus_.setRecentFiles(paths, open, [this] {
-        context_.session.recentFiles().clear();
-        showRecentFiles();
+    const auto open = [this, later](const std::string& path) {
+        later([this, path] { context_.session.ouvrir(pathFromUtf8(path)); });
+    };
+    menus_.setRecentFiles(paths, open, [this, later] {
+        later([this] {
+            context_.session.recentFiles().clear();
+            showRecentFiles();
+        });
     });
     welcome_->setRecentFiles(paths);
+    welcome_->openRecent = open;
 }
 
 void frmMain::Form_QueryUnload(const Session::Then& then) {
@@ -241,8 +260,6 @@ void frmMain::Form_QueryUnload(const Session::Then& then) {
 
 void frmMain::closeEvent(QCloseEvent* event) {
     if (mayClose_) {
-        context_.settings.setBoolean(keys::kSauvegardeAuto,
-                                     menus_.action("mnuSauvegardeAuto").isChecked());
         event->accept();
         return;
     }
@@ -261,26 +278,19 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
     if (!droppedFile(*event->mimeData()).empty() && !context_.session.busy()) {
-        event->acceptProposedAction();
+        acceptAsCopy(*event);
     }
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
     const std::filesystem::path file = droppedFile(*event->mimeData());
     if (!file.empty()) {
-        event->acceptProposedAction();
+        acceptAsCopy(*event);
         // Behind the drop: a question inside of it would hold up the program it came from.
         QMetaObject::invokeMethod(this,
                                   guarded("picAfficheTout_OLEDragDrop", "frmMain",
                                           [this, file] { context_.session.ouvrir(file); }),
                                   Qt::QueuedConnection);
-    }
-}
-
-void frmMain::changeEvent(QEvent* event) {
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        update();
     }
 }
 

@@ -39,7 +39,6 @@ class frmMain : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
   private:
     void buildPanes();
@@ -75,6 +74,7 @@ class frmMain : public QMainWindow {
     QPointer<frmErreur> journal_;
     QPointer<frmRecherche> search_;
     std::vector<Connection> connections_;
+    std::optional<std::vector<std::string>> recentShown_;
     bool mayClose_ = false;
     bool splitterRestored_ = false;
 };

@@ -41,9 +41,6 @@ void frmMain::connectCommands() {
     menus_.on("mnuAnnulerDocument", [&session] { session.undo(); });
     menus_.on("mnuRetablirDocument", [&session] { session.redo(); });
     menus_.on("cmdSupprimer", [this] { context_.session.deleteObject(context_.current.object()); });
-    welcome_->openRecent = [&session](const std::string& path) {
-        session.ouvrir(pathFromUtf8(path));
-    };
     text_->setEditMenu(&menus_.menu("mnuEdition"));
     connections_.push_back(text_->revealRequested.connect([this] { showText(); }));
     card_->journalRequested = [this] { openJournal(); };
@@ -85,8 +82,9 @@ void frmMain::connectViewCommands() {
     }
     menus_.on("cmdLabels", [this] { frmLabels(this, context_).exec(); });
     menus_.on("mnuFiltrer", [this] {
-        menus_.action("mnuListesObjets").setChecked(true);
-        left_->show();
+        if (!menus_.action("mnuListesObjets").isChecked()) {
+            menus_.action("mnuListesObjets").trigger();
+        }
         lists_->focusFilter();
     });
 }

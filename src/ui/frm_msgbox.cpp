@@ -1,12 +1,12 @@
 #include "ui/frm_msgbox.h"
 
-#include <QAccessible>
+#include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -101,6 +101,15 @@ frmMsgBox::frmMsgBox(QWidget* parent, const Traduction& traduction, const std::s
     setAccessibleDescription(toQt(message));
 }
 
+void frmMsgBox::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) {
+        QGuiApplication::clipboard()->setText(windowTitle() + QStringLiteral("\n\n") +
+                                              accessibleDescription());
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
 void frmMsgBox::addButtons(QDialogButtonBox& box, const Traduction& traduction,
                            MessageStyle style) {
     struct Choice {
@@ -136,7 +145,7 @@ void frmMsgBox::addButtons(QDialogButtonBox& box, const Traduction& traduction,
         (static_cast<int>(style) & static_cast<int>(MessageStyle::secondIsDefault)) != 0;
     static constexpr const char* kNames[] = {"cmdRecommencer", "cmdAnnuler", "cmdTroisieme"};
     for (std::size_t i = 0; i < choices.size(); ++i) {
-        // One role for all, so that their order is the one laid down on every desktop.
+        // One role for all, so that their order is the same on every desktop.
         auto* button = new QPushButton(withoutAccessKey(toQt(choices[i].text)));
         box.addButton(button, QDialogButtonBox::ActionRole);
         button->setObjectName(QLatin1String(kNames[i]));

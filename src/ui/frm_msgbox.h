@@ -19,6 +19,10 @@ class frmMsgBox : public QDialog {
     // Close box and Esc are the last button.
     [[nodiscard]] Answer Retour() const { return Retour_; }
 
+  protected:
+    // Ctrl+C copies the title and the text.
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     void addButtons(QDialogButtonBox& box, const Traduction& traduction, MessageStyle style);
 

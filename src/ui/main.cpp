@@ -86,6 +86,9 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     std::vector<Connection> connections;
     showWork(program.tasks, window.statusLine(), connections);
     program.dialogues.setParent(&window);
+    connections.push_back(program.session.factsChanged.connect([&program] {
+        program.dialogues.setFolder(program.session.facts().FichierTYP.parent_path());
+    }));
     const SessionEnd sessionEnd{
         [&window](const Session::Then& then) { window.Form_QueryUnload(then); },
         [&program] { program.session.backUpNow(); },
@@ -95,12 +98,21 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     onEndSignals(&window, [&sessionEnd] { sessionEnd.withoutQuestion(); });
 
     WindowPlace place(window, program.settings);
-    place.show(guarded("Main", "frmMain", [&program, &window, file] {
-        if (!file.empty()) {
-            program.session.ouvrir(file);
-        }
-        checkForUpdateAtStart(&window, program.context);
-    }));
+    place.show([&program, &window, file] {
+        const auto step = [](const auto& action) {
+            try {
+                action();
+            } catch (...) {
+                tellUnforeseenOfModule("Main", "Demarrage");
+            }
+        };
+        step([&] {
+            if (!file.empty()) {
+                program.session.ouvrir(file);
+            }
+        });
+        step([&] { checkForUpdateAtStart(&window, program.context); });
+    });
     End end;
     end.status = QApplication::exec();
     application.setSessionEnd(nullptr);

@@ -13,7 +13,9 @@ std::string withKey(std::string text, QKeySequence::StandardKey key) {
 
 // People who opened the program in a language they can't read look for this one word.
 std::string withLanguage(std::string text) {
-    return text.find("Language") == std::string::npos ? text + " (Language)" : text;
+    std::string plain = text;
+    std::erase(plain, '&');
+    return plain.find("Language") == std::string::npos ? text + " (Language)" : text;
 }
 
 }  // namespace

@@ -4,7 +4,6 @@ namespace quillmark {
 
 CommandStates commandStates(const Session& session, const CurrentObject& current) {
     CommandStates states;
-    states.journal = session.errorCount() > 0 || session.warningCount() > 0;
     // While a command is under way nothing may change the document it works on.
     if (session.busy()) {
         return states;

@@ -12,8 +12,7 @@ struct CommandStates {
     bool save = false;      // there is something that a save would write
     bool undo = false;
     bool redo = false;
-    bool object = false;   // one object is selected
-    bool journal = false;  // the journal holds entries
+    bool object = false;  // one object is selected
     bool operator==(const CommandStates&) const = default;
 };
 

@@ -36,38 +36,42 @@ int indexOf(const std::vector<Record>& records, std::uint16_t identity) {
 }  // namespace
 
 void JournalList::refresh() {
-    journal_ = session_.journal();
     rows_.clear();
-    rows_.reserve(journal_.entries().size());
     for (const JournalKind kind : {JournalKind::error, JournalKind::warning}) {
-        for (const JournalEntry* entry : journal_.shown(kind)) {
-            JournalRow row;
-            row.kind = kind;
-            row.line = entry->line;
-            row.object = entry->object;
-            row.identity = entry->identity;
-            if (entry->line > 0) {
-                row.place = traduction_.Trad("Main", "Ligne", "msgLigne") + ' ' +
-                            std::to_string(entry->line);
-            } else if (entry->object != ObjectKind::none) {
-                row.place = identityOf(entry->identity);
-            }
-            row.text = shownText(entry->text);
-            rows_.push_back(std::move(row));
+        add(session_.openJournal(), kind, false);
+        add(session_.applyJournal(), kind, true);
+    }
+}
+
+void JournalList::add(const Journal& journal, JournalKind kind, bool ofView) {
+    for (const JournalEntry* entry : journal.shown(kind)) {
+        JournalRow row;
+        row.kind = kind;
+        row.line = ofView ? entry->line : 0;
+        row.object = entry->object;
+        row.identity = entry->identity;
+        if (entry->line > 0) {
+            row.place =
+                traduction_.Trad("Main", "Ligne", "msgLigne") + ' ' + std::to_string(entry->line);
+        } else if (entry->object != ObjectKind::none) {
+            row.place = identityOf(entry->identity);
         }
+        row.text = shownText(entry->text);
+        rows_.push_back(std::move(row));
     }
 }
 
 std::string JournalList::lblErreurs() const {
-    return journal_.ErreurFlag() ? traduction_.Trad("Erreurs", "Erreurs", "lblErreurs")
-                                 : traduction_.Trad("Erreurs", "Messages", "lblMessages");
+    return composed().label;
 }
 
 std::string JournalList::text() const {
-    if (!session_.facts().hasDocument) {
-        return {};
-    }
-    return composeJournal(journal_, utf8FromPath(session_.facts().FichierTYP), traduction_).text;
+    return session_.facts().hasDocument ? composed().text : std::string();
+}
+
+JournalText JournalList::composed() const {
+    return composeJournal(session_.journal(), utf8FromPath(session_.facts().FichierTYP),
+                          traduction_);
 }
 
 ObjectRef JournalList::objectOf(const JournalRow& row) const {

@@ -11,14 +11,6 @@ constexpr int kSmallestFont = 4;
 constexpr int kLargestFont = 72;
 constexpr int kDefaultFont = 8;
 
-// Settings of the four rows of a new object's labels.
-constexpr std::array<SettingKey, 4> kLangue{{
-    {keys::kParametres, "Langue0", "1", SettingForm::number, 0, 54},
-    {keys::kParametres, "Langue1", "1", SettingForm::number, 0, 54},
-    {keys::kParametres, "Langue2", "1", SettingForm::number, 0, 54},
-    {keys::kParametres, "Langue3", "1", SettingForm::number, 0, 54},
-}};
-
 // True when the stored value is another one afterwards.
 bool change(Settings& settings, const SettingKey& key, int value) {
     const bool changed = settings.number(key) != value;
@@ -62,7 +54,7 @@ int Preferences::taille() const {
 
 void Preferences::affiche_langue() {
     for (std::size_t i = 0; i < cbbLangue.size(); ++i) {
-        cbbLangue[i] = settings_.number(kLangue[i]);
+        cbbLangue[i] = settings_.number(keys::kLangueRang[i]);
     }
 }
 
@@ -93,7 +85,7 @@ Preferences::Effects Preferences::store() {
     effects.sheet |= change(settings_, keys::kLangueLabels, cbbLangues < 0 ? 1 : cbbLangues);
     for (std::size_t i = 0; i < cbbLangue.size(); ++i) {
         const bool shown = static_cast<int>(i) < cbbNombre;
-        settings_.setNumber(kLangue[i], shown && cbbLangue[i] >= 0 ? cbbLangue[i] : 1);
+        settings_.setNumber(keys::kLangueRang[i], shown && cbbLangue[i] >= 0 ? cbbLangue[i] : 1);
     }
     for (std::size_t i = 0; i < lblActiveRoutingColor.size(); ++i) {
         effects.colours |=

@@ -29,9 +29,9 @@ struct WindowGeometry {
 
 // What a window tells of itself when it goes.
 struct WindowAtExit {
-    bool maximised = false;           // full screen too
+    bool maximised = false;            // full screen too
     std::optional<ScreenArea> normal;  // of a window in its normal state
-    bool knowsPlace = true;           // some platforms tell no window where it is
+    bool knowsPlace = true;            // some platforms tell no window where it is
 };
 void storeGeometry(Settings& settings, const WindowAtExit& window);
 

@@ -91,11 +91,13 @@ TEST_F(MainWindow, OpensByMenuAndByRecentFileUntilThatIsGone) {
     trigger("mnufermer");
     EXPECT_FALSE(program.session.facts().hasDocument);
     window.menus().menu("mnuMRU").actions().constFirst()->trigger();
+    QCoreApplication::sendPostedEvents();
     EXPECT_TRUE(program.session.facts().hasDocument);
 
     std::filesystem::remove(typ);
     trigger("mnufermer");
     window.menus().menu("mnuMRU").actions().constFirst()->trigger();
+    QCoreApplication::sendPostedEvents();
     EXPECT_EQ(program.dialogues.shown.back().message.substr(0, 19), "Fichier introuvable");
     EXPECT_TRUE(program.session.recentFiles().paths().empty());
     EXPECT_TRUE(window.menus().menu("mnuMRU").actions().isEmpty());
