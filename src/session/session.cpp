@@ -108,6 +108,9 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
     }
     documentChanged(change);
     refreshText();
+    if (change.select.kind != ObjectKind::none) {
+        markSection(view_.shown);
+    }
     factsChanged();
 }
 

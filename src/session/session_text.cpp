@@ -5,6 +5,7 @@
 #include "core/ascii.h"
 #include "core/clock.h"
 #include "core/paths.h"
+#include "session/counterpart.h"
 #include "session/session.h"
 #include "session/session_running.h"
 
@@ -263,6 +264,8 @@ void Session::apply(const std::function<void(const Applied&)>& then) {
         then({true, 0});
         return;
     }
+    // The text as it was typed, whatever becomes of it.
+    sauvegardertexte();
     const Traduction traduction = services_.traduction;
     GeneratorContext context = generatorContext();
     std::string text = pane_->text();
@@ -328,22 +331,23 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
     applied.entries = result.journal.entries().size();
     applyJournal_ = std::move(result.journal);
     ++journalVersion_;
-    // The text as it was typed, before it is replaced by what it became.
-    sauvegardertexte();
     // Only a clean text gives way to what it became; a faulty one stays, for the journal's lines.
     replaceEdits_ = applied.entries == 0;
     if (result.document != document_) {
         std::swap(document_, result.document);
         ObjectRef object;
+        // Sections that came or went in front of the selected object moved it.
+        ObjectRef select = counterpart(result.document, document_, view_.shown);
         if (!view_.wholeDocument) {
             object = {target.ObjetVisualise, target.index, target.member};
             const int count = objectCount(document_, object.kind);
             if (object.index < 0 && count > objectCount(result.document, object.kind)) {
                 object.index = count - 1;
             }
+            select = object;
         }
         undo_.record(std::move(result.document), object);
-        tellChange({Change::What::content, {}, nullptr, object}, std::move(parsed.generated));
+        tellChange({Change::What::content, {}, nullptr, select}, std::move(parsed.generated));
         sauvegardertexte();
     } else {
         view_.stale = true;

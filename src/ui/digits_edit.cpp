@@ -45,6 +45,7 @@ class DigitsOnly : public QValidator {
 DigitsEdit::DigitsEdit(const QString& objectName) {
     setObjectName(objectName);
     setInputMethodHints(Qt::ImhDigitsOnly);
+    setAcceptDrops(false);  // files dropped there are the window's
     setValidator(new DigitsOnly(this, shown_));
 }
 

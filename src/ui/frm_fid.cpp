@@ -70,7 +70,8 @@ frmFID::frmFID(QWidget* parent, AppContext& context, const std::string& FID,
 
 void frmFID::retranslate() {
     const Traduction& t = context_.traduction;
-    setWindowTitle(toQt(t.Trad("Main", "FID", "lblFID")) + QLatin1Char(' ') + FID_);
+    QString title = toQt(t.Trad("Main", "FID", "lblFID")) + QLatin1Char(' ') + FID_;
+    setWindowTitle(title.replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
     txtFiltreFID_->setPlaceholderText(toQt(t.Trad("Main", "Filtrer", "txtFiltreFID")));
     txtFiltreFID_->setAccessibleName(txtFiltreFID_->placeholderText());
     lstFIDs_->setAccessibleName(windowTitle());

@@ -163,11 +163,13 @@ void MainMenus::build(QMainWindow& window) {
         action(name).setEnabled(false);
         connect(&action(name), &QAction::triggered, this,
                 guarded(name, "frmMain", [this, handler = QByteArray(handler)] {
-                    if (QWidget* focused = QApplication::focusWidget()) {
+                    if (QWidget* focused = textControl_) {
                         if (handler == "delete") {
-                            if (auto* line = qobject_cast<QLineEdit*>(focused)) {
+                            auto* line = qobject_cast<QLineEdit*>(focused);
+                            if (line != nullptr && !line->isReadOnly()) {
                                 line->del();
-                            } else if (auto* text = qobject_cast<QPlainTextEdit*>(focused)) {
+                            } else if (auto* text = qobject_cast<QPlainTextEdit*>(focused);
+                                       text != nullptr && !text->isReadOnly()) {
                                 text->textCursor().removeSelectedText();
                             }
                         } else {
@@ -290,6 +292,11 @@ void MainMenus::showState(const QByteArray& name) {
 }
 
 void MainMenus::followFocus(QWidget* focused) {
+    // A menu that was opened by keyboard has the focus itself; its commands go where it was.
+    if (qobject_cast<QMenu*>(focused) != nullptr || qobject_cast<QMenuBar*>(focused) != nullptr) {
+        return;
+    }
+    textControl_ = focused;
     auto* line = qobject_cast<QLineEdit*>(focused);
     auto* text = qobject_cast<QPlainTextEdit*>(focused);
     const bool any = (line != nullptr && line->isEnabled()) || text != nullptr;

@@ -4,6 +4,8 @@
 #include <QHash>
 #include <QKeySequence>
 #include <QObject>
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 
 #include "core/translation.h"
@@ -51,6 +53,7 @@ class MainMenus : public QObject {
     QHash<QByteArray, int> needs_;  // by name: which state enables it
     QHash<QByteArray, bool> handled_;
     QToolBar* toolBar_ = nullptr;
+    QPointer<QWidget> textControl_;
     QHash<QByteArray, QString> reasons_;
     QString laterTip_;
     QString clearText_;

@@ -9,6 +9,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "bitmap/system_colours.h"
 #include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/icons.h"
@@ -62,6 +63,7 @@ ObjectListPage::ObjectListPage(AppContext& context, ListKind kind)
 void ObjectListPage::build() {
     const ListNames& names = listNames(kind_);
     auto* filter = new FilterEdit;
+    filter->setAcceptDrops(false);  // files dropped there are the window's
     filter->down = [this] { view_->setFocus(Qt::TabFocusReason); };
     filter_ = filter;
     filter_->setObjectName(QLatin1String("txtFiltre") + QLatin1String(names.kind));
@@ -143,7 +145,7 @@ void ObjectListPage::setEditors(const ObjectEditors& editors) {
 void ObjectListPage::readSettings() {
     std::array<Couleur, 6> colours{};
     for (std::size_t k = 0; k < colours.size(); ++k) {
-        colours[k] = context_.settings.number(keys::kActiveRoutingColor[k]);
+        colours[k] = ResoudreCouleur(context_.settings.number(keys::kActiveRoutingColor[k]));
     }
     view_->setActivityColours(colours);
     thumbnails_.setShape({ObjectListView::kPictureSide, devicePixelRatioF(),

@@ -72,10 +72,6 @@ class ObjectRowDelegate : public QStyledItemDelegate {
             return;
         }
         const Couleur colour = colours.at(static_cast<std::size_t>(activity.toInt()));
-        // A system colour is the one that text has anyway.
-        if (colour < 0) {
-            return;
-        }
         const Couleur ground = couleurOf(option->palette.color(QPalette::Base));
         option->palette.setColor(QPalette::Text, colourOf(readableOn(colour, ground)));
         if (index.column() == 0) {

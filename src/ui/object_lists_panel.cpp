@@ -133,7 +133,9 @@ void ObjectListsPanel::showCurrent() {
     for (ObjectListPage* page : pages_) {
         page->showCurrent();
     }
-    if (context_.current.kind() != ObjectKind::none) {
+    // A list that was opened by hand stays open while another object isn't selected.
+    const ObjectRef object = context_.current.object();
+    if (std::exchange(shown_, object) != object && object.kind != ObjectKind::none) {
         openList(listOf(context_.current.kind()));
     }
 }

@@ -34,6 +34,7 @@ class ObjectListsPanel : public QWidget {
     QButtonGroup* sections_;
     QStackedWidget* stack_;
     std::array<ObjectListPage*, kLists.size()> pages_{};
+    ObjectRef shown_;
     int shownCodePage_ = 0;
     std::vector<Connection> connections_;
 };

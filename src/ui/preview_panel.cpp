@@ -74,7 +74,6 @@ void PreviewPanel::build() {
     auto* zoomRow = new QHBoxLayout(zoom_);
     zoomRow->setContentsMargins(0, 0, 0, 0);
     sldZoom_->setOrientation(Qt::Horizontal);
-    sldZoom_->setRange(kZoomLow / kZoomStep, kZoomHigh / kZoomStep);
     sldZoom_->setRange(kZoomLow, kZoomHigh);
     sldZoom_->setSingleStep(kZoomStep);
     sldZoom_->setPageStep(kZoomStep);

@@ -62,6 +62,10 @@ void TextEditor::setContent(const std::string& text) {
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
     showReadOnly();
+    // Unedited from now on, also while the text still comes in: what waits for it mustn't wait.
+    if (std::exchange(edited_, false)) {
+        Q_EMIT editedChanged(false);
+    }
     const auto tail = static_cast<qsizetype>(change.tail());
     filler_.replace(static_cast<int>(change.head()), static_cast<int>(before.size() - tail), after,
                     after.size() - tail);

@@ -9,6 +9,7 @@ SearchOptions TextSearch::options() const {
 }
 
 void TextSearch::open() {
+    text_.bringIntoSight();
     const TextRange selection = text_.selection();
     const std::u16string selected = text_.content().substr(selection.start, selection.length);
     if (selected.empty() || selected.find_first_of(u"\n\u2029") != std::u16string::npos) {
