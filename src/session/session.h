@@ -146,8 +146,10 @@ class Session {
     void cmdAppliquerModif_Click(Then then = {});
     // The question before anything that replaces the view's text: apply, drop or stay.
     void settleEdits(Then then);
-    // The control came into sight, or preferences of the text changed.
+    // The control came into sight.
     void refreshText();
+    // What the text is made by changed: it is made anew, at the latest when it comes into sight.
+    void settingsChanged();
 
     // --- Backups ---
     // Keeps the whole document's text as it stands, edits in the view included, when it is news;

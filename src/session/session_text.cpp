@@ -138,6 +138,13 @@ void Session::refreshText() {
     }
 }
 
+void Session::settingsChanged() {
+    view_.stale = true;
+    ready_.reset();
+    refreshText();
+    markSection(view_.shown);
+}
+
 void Session::markSection(const ObjectRef& object) {
     const TextSection* section = view_.sectionOf(object);
     if (pane_ != nullptr && section != nullptr && !view_.stale) {

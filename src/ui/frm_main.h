@@ -57,6 +57,7 @@ class frmMain : public QMainWindow {
 
     void openJournal();
     void openSearch();
+    void openPreferences();
     void offerPlatformLanguage();
 
     AppContext& context_;

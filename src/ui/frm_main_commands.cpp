@@ -11,6 +11,8 @@
 #include "ui/frm_labels.h"
 #include "ui/frm_langues.h"
 #include "ui/frm_main.h"
+#include "ui/frm_palette.h"
+#include "ui/frm_preferences.h"
 #include "ui/frm_recherche.h"
 #include "ui/frm_sauvegardetxt.h"
 #include "ui/frm_update.h"
@@ -81,6 +83,7 @@ void frmMain::connectViewCommands() {
         menus_.on("mnuMiseAJour", [this] { frmUpdate(this, context_).exec(); });
     }
     menus_.on("cmdLabels", [this] { frmLabels(this, context_).exec(); });
+    menus_.on("mnuPreferences", [this] { openPreferences(); });
     menus_.on("mnuFiltrer", [this] {
         if (!menus_.action("mnuListesObjets").isChecked()) {
             menus_.action("mnuListesObjets").trigger();
@@ -126,6 +129,23 @@ void frmMain::openSearch() {
         search_ = new frmRecherche(this, context_, *text_);
     }
     search_->open();
+}
+
+void frmMain::openPreferences() {
+    frmPreferences window(this, context_, [this](QWidget* parent, std::int32_t colour) {
+        return chooseColour(parent, context_, colour);
+    });
+    if (window.exec() != QDialog::Accepted) {
+        return;
+    }
+    const Preferences::Effects& effects = window.effects();
+    if (effects.text) {
+        context_.session.settingsChanged();
+    }
+    if (effects.sheet || effects.colours) {
+        sheet_->readSettings();
+        lists_->readSettings();
+    }
 }
 
 }  // namespace quillmark

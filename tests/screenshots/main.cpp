@@ -11,7 +11,9 @@
 #include <cstdio>
 #include <functional>
 
+#include "bitmap/garmin_swatches.h"
 #include "core/paths.h"
+#include "editors/recent_colours.h"
 #include "ui/frm_about.h"
 #include "ui/frm_erreur.h"
 #include "ui/frm_inputbox.h"
@@ -19,6 +21,7 @@
 #include "ui/frm_langues.h"
 #include "ui/frm_main.h"
 #include "ui/frm_msgbox.h"
+#include "ui/frm_palette.h"
 #include "ui/frm_preferences.h"
 #include "ui/frm_sauvegardetxt.h"
 #include "ui/program.h"
@@ -130,6 +133,17 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     album.take(labels, "labels");
     frmPreferences preferences(&window, program.context, {});
     album.take(preferences, "preferences");
+    for (const Couleur colour : {0x41307C, 0x00A0FF, 0x2E8B57, 0xC8C8C8, 0x0000FF}) {
+        rememberColour(program.settings, colour);
+    }
+    for (const auto& [tab, colour, name] :
+         {std::tuple{ChooserTab::series60, couleurDuCarre(107), "palette-60"},
+          {ChooserTab::bits16, 0x41307C, "palette-16"},
+          {ChooserTab::all, 0x41307C, "palette-all"}}) {
+        frmPalette palette(&window, program.context, {colour, {}, tab});
+        palette.findChild<QWidget*>(QStringLiteral("txtRed"))->setFocus();
+        album.take(palette, name);
+    }
     window.menus().action("mnuRecherche").trigger();
     if (auto* search = window.findChild<QDialog*>(QStringLiteral("frmRecherche"))) {
         album.take(*search, "search");
