@@ -62,11 +62,11 @@ frmPreferences::frmPreferences(QWidget* parent, AppContext& context, ChooseColou
 
     auto* left = new QVBoxLayout;
     left->addWidget(mainWindow());
-    left->addWidget(formatOfPOI());
+    left->addWidget(activities());
     left->addStretch();
     auto* right = new QVBoxLayout;
     right->addWidget(editWindow());
-    right->addWidget(activities());
+    right->addWidget(formatOfPOI());
     right->addStretch();
     auto* columns = new QHBoxLayout;
     columns->addLayout(left, 1);
@@ -89,6 +89,12 @@ frmPreferences::frmPreferences(QWidget* parent, AppContext& context, ChooseColou
     all->addLayout(columns, 1);
     all->addWidget(update());
     all->addWidget(buttons);
+    all->setContentsMargins(16, 14, 16, 14);
+    all->setSpacing(14);
+    columns->setSpacing(16);
+    for (QVBoxLayout* column : {left, right}) {
+        column->setSpacing(14);
+    }
     showState();
     // Left to itself the toolkit takes two thirds of a small screen and squeezes the rows.
     resize(sizeHint());
@@ -134,6 +140,7 @@ QGroupBox* frmPreferences::mainWindow() {
     column->addWidget(opening);
     column->addWidget(optOuverture_[0]);
     column->addWidget(optOuverture_[1]);
+    column->addSpacing(column->contentsMargins().top());
     column->addLayout(form);
     return frame;
 }

@@ -141,7 +141,6 @@ void photograph(Album& album, const std::string& file, const std::string& langue
           {ChooserTab::bits16, 0x41307C, "palette-16"},
           {ChooserTab::all, 0x41307C, "palette-all"}}) {
         frmPalette palette(&window, program.context, {colour, {}, tab});
-        palette.findChild<QWidget*>(QStringLiteral("txtRed"))->setFocus();
         album.take(palette, name);
     }
     window.menus().action("mnuRecherche").trigger();
