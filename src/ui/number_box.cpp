@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 #include <QStyleOptionSpinBox>
+#include <algorithm>
 
 #include "ui/guard.h"
 #include "ui/qt_text.h"

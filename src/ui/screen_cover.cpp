@@ -2,12 +2,14 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <algorithm>
 #include <utility>
 
 #include "bitmap/poi_editing.h"
 #include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
+#include "ui/swatch_grid.h"
 
 namespace quillmark {
 namespace {
@@ -73,7 +75,7 @@ void ScreenCover::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(lens.adjusted(0, kLens, 0, 0), Qt::AlignCenter,
                      toQt(colourText(toCouleur(pixels_.pixel(pixel)))));
-    painter.drawRect(lens.adjusted(0, 0, -1, -1));
+    drawFrame(painter, lens.adjusted(2, 2, -2, -2));
     const QRect middle(lens.topLeft() + QPoint(kLens - kLensZoom, kLens - kLensZoom) / 2,
                        QSize(kLensZoom, kLensZoom));
     painter.setPen(Qt::white);

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QVariantMap>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 #include <cmath>
 

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <algorithm>
 #include <utility>
 
 #include "paint/qt_image.h"
