@@ -48,7 +48,7 @@ foreach(source IN LISTS sources)
             elseif(NOT other STREQUAL room AND NOT level_${other} LESS level_${room})
                 fault("${source}: level ${level_${room}} includes level ${level_${other}}: ${line}")
             endif()
-        elseif(line MATCHES "\"")
+        elseif(line MATCHES "\"" AND NOT line MATCHES "\\.moc\"")  # those are made, in no room
             fault("${source}: write the room in front of the header: ${line}")
         endif()
     endforeach()

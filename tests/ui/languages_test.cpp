@@ -16,6 +16,7 @@
 #include "ui/frm_langues.h"
 #include "ui/frm_main.h"
 #include "ui/frm_msgbox.h"
+#include "ui/frm_palette.h"
 #include "ui/frm_preferences.h"
 #include "ui/frm_sauvegardetxt.h"
 #include "ui/frm_update.h"
@@ -56,6 +57,8 @@ std::vector<NamedWindow> dialogs(AppContext& context) {
          {MessageStyle::okCancel, MessageStyle::yesNoCancel, MessageStyle::retryCancel}) {
         add("frmMsgBox", std::make_unique<frmMsgBox>(nullptr, t, "1", style, "2"));
     }
+    add("frmPalette",
+        std::make_unique<frmPalette>(nullptr, context, ChooserRequest{0, {}, ChooserTab::all}));
     add("frmPreferences",
         std::make_unique<frmPreferences>(nullptr, context, frmPreferences::ChooseColour()));
     add("frmSauvegardetxt", std::make_unique<frmSauvegardetxt>(nullptr, context));
@@ -141,11 +144,13 @@ TEST_F(Languages, EveryTextOfTheWindowsFindsRoom) {
     }
 }
 
-// Names of files, fonts and keys, and words of the text form, are the same in all languages.
+// Names of files, fonts, keys and colours, and words of the text form, are the same in all
+// languages.
 bool isForAll(const QString& owner, QString text, const Program& program) {
     static const QRegularExpression kMarkup(QStringLiteral("<[^>]*>"));
-    static const QRegularExpression kForAll(QStringLiteral(
-        "^(POI|Type=0x[^ ]*|[FP]ID:   0x[0-9A-F]+|Ctrl\\+.*|Quillmark v[0-9.]+.*|carte\\.typ)$"));
+    static const QRegularExpression kForAll(
+        QStringLiteral("^(POI|Type=0x[^ ]*|[FP]ID:   0x[0-9A-F]+|Ctrl\\+.*|Quillmark "
+                       "v[0-9.]+.*|#[0-9A-F]{6}|carte\\.typ)$"));
     text.remove(kMarkup);
     return std::none_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); }) ||
            kForAll.match(text).hasMatch() || owner.startsWith(QLatin1String("cbbPolice.")) ||
