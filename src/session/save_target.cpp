@@ -14,11 +14,14 @@ bool hasSuffix(const std::string& name, const std::string& suffix) {
                       [&](char a, char b) { return lower(a) == lower(b); });
 }
 
-// The name of the document without an ending that either kind of save has.
-std::string proposedName(const std::filesystem::path& current) {
+// The name of the document without an ending that either kind of save has; a file of another kind
+// isn't proposed itself.
+std::string proposedName(const std::filesystem::path& current, const std::string& suffix) {
     std::string name = utf8FromPath(current.filename());
     if (hasSuffix(name, ".typ") || hasSuffix(name, ".txt")) {
         name.resize(name.size() - 4);
+    } else if (current.has_extension()) {
+        name += suffix;
     }
     return name;
 }
@@ -47,7 +50,8 @@ std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
                                                       Dialogues& dialogues,
                                                       const Traduction& traduction) {
     for (;;) {
-        const auto chosen = dialogues.chooseFileToSave(titre, filter, proposedName(current));
+        const auto chosen = dialogues.chooseFileToSave(
+            titre, filter, proposedName(current, filter.suffixes.front()));
         if (!chosen || chosen->empty()) {
             return std::nullopt;
         }

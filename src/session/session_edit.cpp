@@ -320,7 +320,7 @@ bool Session::acceptHeaderField(HeaderField field) {
             t.Trad("Main", "Erreur de saisie", "msgErreurSaisie"));
         putHeaderText(field, {});
     }
-    undo_.endMerge();
+    undo_.endMerge(document_);
     sauvegardertexte();
     return allowed;
 }

@@ -58,7 +58,7 @@ void Session::beforeSave(const Then& then) {
         then(false);
         return;
     }
-    undo_.endMerge();
+    undo_.endMerge(document_);
     if (!textEdited()) {
         then(true);
         return;

@@ -66,6 +66,15 @@ void UndoHistory::record(Document before, const ObjectRef& object, const std::st
     position_ = ++last_;
 }
 
+void UndoHistory::endMerge(const Document& document) {
+    if (!merge_.empty() && !undo_.empty() && undo_.back().step.document == document) {
+        position_ = undo_.back().position;
+        memory_ -= undo_.back().memory;
+        undo_.pop_back();
+    }
+    merge_.clear();
+}
+
 void UndoHistory::bound() {
     // The newest step of each side stays, however large it is; what lies furthest goes first.
     while (memory_ > memoryLimit_ && (undo_.size() > 1 || redo_.size() > 1)) {

@@ -30,7 +30,8 @@ class UndoHistory {
     // Edits of one non-empty `merge` in a row are one step (typing in one field), until
     // `endMerge`: with true the newest step stands for this edit too, and nothing is recorded.
     [[nodiscard]] bool join(const std::string& merge);
-    void endMerge() { merge_.clear(); }
+    // A step whose edits led back to where it began is none.
+    void endMerge(const Document& document);
 
     [[nodiscard]] bool canUndo() const noexcept { return !undo_.empty(); }
     [[nodiscard]] bool canRedo() const noexcept { return !redo_.empty(); }

@@ -20,6 +20,7 @@ frmLangues::frmLangues(QWidget* parent, AppContext& context)
     setObjectName(QStringLiteral("frmLangues"));
     lstLang_->setObjectName(QStringLiteral("lstLang"));
     lstLang_->setUniformItemSizes(true);
+    lstLang_->setSpacing(2);
     for (const std::string& language : choice_.lstLang()) {
         lstLang_->addItem(toQt(language));
     }

@@ -107,6 +107,7 @@ ObjectListView::ObjectListView(ObjectListModel& model) : rows_(model) {
     setItemsExpandable(false);
     setUniformRowHeights(true);
     setAllColumnsShowFocus(true);
+    setMinimumHeight(2 * fontMetrics().lineSpacing());  // so that a low window can hold it
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

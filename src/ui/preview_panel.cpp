@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
+#include <QScrollArea>
 #include <QSlider>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -18,6 +19,8 @@ namespace quillmark {
 namespace {
 
 constexpr const char* kWindow = "frmMain";
+// Between rows: both pictures are to fit into a window of usual height.
+constexpr int kGap = 4;
 
 template <typename Control>
 Control* named(const char* name) {
@@ -33,6 +36,7 @@ PreviewPanel::PreviewPanel(AppContext& context, QWidget* parent)
       context_(context),
       pane_(context.session.document()),
       optApercu_(new QButtonGroup(this)),
+      scroll_(named<QScrollArea>("scrApercus")),
       lblZoom_(named<QLabel>("lblZoom")),
       sldZoom_(named<QSlider>("sldZoom")),
       zoom_(new QWidget),
@@ -96,21 +100,34 @@ void PreviewPanel::build() {
     foot->addWidget(lblFond_);
     foot->addWidget(cbbFond_, 1);
 
-    auto* column = new QVBoxLayout(this);
-    column->addLayout(modes);
+    auto* pictures = new QWidget;
+    auto* stack = new QVBoxLayout(pictures);
+    stack->setContentsMargins(0, 0, 0, 0);
+    stack->setSpacing(kGap / 2);
     for (std::size_t i = 0; i < panes_.size(); ++i) {
         captions_[i] = new QLabel;
         panes_[i] = new QLabel;
         panes_[i]->setObjectName(QStringLiteral("Apercus%1").arg(i));
         panes_[i]->setFixedSize(kPaneSide, kPaneSide);
-        column->addWidget(captions_[i], 0, Qt::AlignHCenter);
-        column->addWidget(panes_[i], 0, Qt::AlignHCenter);
+        stack->addWidget(captions_[i], 0, Qt::AlignHCenter);
+        stack->addWidget(panes_[i], 0, Qt::AlignHCenter);
     }
-    column->addWidget(members_);
+    stack->addWidget(members_);
+    stack->addStretch();
+    // Two pictures are higher than a small window.
+    scroll_->setWidget(pictures);
+    scroll_->setWidgetResizable(true);
+    scroll_->setFrameShape(QFrame::NoFrame);
+    scroll_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll_->setMinimumWidth(kPaneSide + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(kGap);
+    column->addLayout(modes);
+    column->addWidget(scroll_, 1);
     column->addWidget(zoom_);
     column->addLayout(foot);
     column->addWidget(chkTransparence_);
-    column->addStretch();
 }
 
 void PreviewPanel::connectControls() {
@@ -173,6 +190,7 @@ void PreviewPanel::retranslate() {
     for (std::size_t i = 0; i < panes_.size(); ++i) {
         panes_[i]->setAccessibleName(captions_[i]->text());
     }
+    scroll_->setAccessibleName(toQt(t.Trad("Main", "Aperçu", "fraApercu")));
     lblFond_->setText(toQt(t.Trad("Main", "Fond", "lblFond")));
     cbbFond_->setAccessibleName(lblFond_->text());
     const int index = cbbFond_->currentIndex();

@@ -14,6 +14,7 @@ class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QLabel;
+class QScrollArea;
 class QSlider;
 class QToolButton;
 
@@ -40,6 +41,7 @@ class PreviewPanel : public QWidget {
     AppContext& context_;
     PreviewPane pane_;
     QButtonGroup* optApercu_;
+    QScrollArea* scroll_;
     std::array<QLabel*, 2> captions_{};  // day, night
     std::array<QLabel*, 2> panes_{};
     QLabel* lblZoom_;

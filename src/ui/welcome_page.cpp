@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -22,6 +23,7 @@ QToolButton* commandButton(QAction& action) {
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setObjectName(QStringLiteral("cmd_") + action.objectName());
     button->setFocusPolicy(Qt::StrongFocus);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return button;
 }
 
@@ -39,8 +41,12 @@ WelcomePage::WelcomePage(QAction& create, QAction& open)
     hint_->setAlignment(Qt::AlignCenter);
     hint_->setWordWrap(true);
     auto* buttons = new QVBoxLayout;
-    buttons->addWidget(commandButton(open), 0, Qt::AlignHCenter);
-    buttons->addWidget(commandButton(create), 0, Qt::AlignHCenter);
+    buttons->addWidget(commandButton(open));
+    buttons->addWidget(commandButton(create));
+    auto* middle = new QHBoxLayout;
+    middle->addStretch();
+    middle->addLayout(buttons);
+    middle->addStretch();
     recentCaption_->setAlignment(Qt::AlignCenter);
     QFont bold = recentCaption_->font();
     bold.setBold(true);
@@ -53,7 +59,7 @@ WelcomePage::WelcomePage(QAction& create, QAction& open)
     column->addSpacing(kDrawing / 4);
     column->addWidget(hint_);
     column->addSpacing(kDrawing / 4);
-    column->addLayout(buttons);
+    column->addLayout(middle);
     column->addSpacing(kDrawing / 2);
     column->addWidget(recentCaption_);
     column->addLayout(recent_);

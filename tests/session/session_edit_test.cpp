@@ -94,6 +94,16 @@ TEST_F(SessionEdit, TypingInOneFieldIsOneStep) {
     }
     session.undo();
     EXPECT_EQ(document.Commentaire, "");
+
+    // What is typed back to where it began is no step.
+    EXPECT_EQ(save(), 1);
+    const bool could = session.canUndo();
+    type(HeaderField::FID, "77");
+    EXPECT_TRUE(session.changed());
+    type(HeaderField::FID, "5555");
+    session.leaveHeaderField(HeaderField::FID);
+    EXPECT_EQ(session.canUndo(), could);
+    EXPECT_FALSE(session.changed());
 }
 
 TEST_F(SessionEdit, AnEditThatChangesNothingOrFailsLeavesNoStep) {

@@ -217,7 +217,9 @@ QStringList cutTexts(QWidget& window) {
             continue;
         }
         const QRect place(widget->mapTo(&window, QPoint()), widget->size());
-        const bool squeezed = widget->height() < widget->minimumSizeHint().height() - kLeading;
+        const bool scrolls = qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
+        const bool squeezed =
+            !scrolls && widget->height() < widget->minimumSizeHint().height() - kLeading;
         const bool outside = !window.rect().contains(place) && !isWithinScrollArea(*widget);
         if (isCut(*widget) || squeezed || outside) {
             cut << nameOf(*widget) + QLatin1String(" \"") + textOf(*widget) +
