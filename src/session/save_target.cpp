@@ -14,14 +14,11 @@ bool hasSuffix(const std::string& name, const std::string& suffix) {
                       [&](char a, char b) { return lower(a) == lower(b); });
 }
 
-// The name of the document without an ending that either kind of save has; a file of another kind
-// isn't proposed itself.
-std::string proposedName(const std::filesystem::path& current, const std::string& suffix) {
+// The name of the document without an ending that either kind of save has.
+std::string proposedName(const std::filesystem::path& current) {
     std::string name = utf8FromPath(current.filename());
     if (hasSuffix(name, ".typ") || hasSuffix(name, ".txt")) {
         name.resize(name.size() - 4);
-    } else if (current.has_extension()) {
-        name += suffix;
     }
     return name;
 }
@@ -50,8 +47,7 @@ std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
                                                       Dialogues& dialogues,
                                                       const Traduction& traduction) {
     for (;;) {
-        const auto chosen = dialogues.chooseFileToSave(
-            titre, filter, proposedName(current, filter.suffixes.front()));
+        const auto chosen = dialogues.chooseFileToSave(titre, filter, proposedName(current));
         if (!chosen || chosen->empty()) {
             return std::nullopt;
         }

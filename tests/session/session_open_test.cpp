@@ -111,7 +111,7 @@ TEST_F(SessionOpen, AnyContentOpensAndIsNeverWrittenBack) {
     document.FID = document.ProductCode = "1";
     dialogues.files = {std::nullopt};
     EXPECT_EQ(save(), 0);
-    EXPECT_EQ(dialogues.proposed, std::vector<std::string>{"photo.jpg.typ"});
+    EXPECT_EQ(dialogues.proposed, std::vector<std::string>{"photo.jpg"});
     EXPECT_EQ(readFile(path("photo.jpg")), photo);
 }
 
