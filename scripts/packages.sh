@@ -40,4 +40,4 @@ is_there() {
 # What every build needs.
 # shellcheck disable=SC2034
 build_packages=(g++ cmake ninja-build ccache libicu-dev zlib1g-dev qt6-base-dev qt6-svg-dev
-    libgl1-mesa-dev fonts-dejavu-core)
+    libgl1-mesa-dev fonts-dejavu-core qt6-translations-l10n)

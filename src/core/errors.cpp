@@ -82,4 +82,10 @@ ErrorFacts currentErrorFacts() {
     }
 }
 
+std::string unforeseenText(const ErrorFacts& facts, const std::string& procedure,
+                           const std::string& place) {
+    return "Error " + std::to_string(static_cast<int>(facts.number)) + " (" + facts.description +
+           ") in procedure " + procedure + " of " + place;
+}
+
 }  // namespace quillmark

@@ -50,4 +50,8 @@ struct ErrorFacts {
 // To be called within a catch block only.
 ErrorFacts currentErrorFacts();
 
+// The line that tells of it; `place` is "Feuille WINDOW" or "Module MODULE".
+[[nodiscard]] std::string unforeseenText(const ErrorFacts& facts, const std::string& procedure,
+                                         const std::string& place);
+
 }  // namespace quillmark

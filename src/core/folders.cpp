@@ -4,6 +4,7 @@
 
 #include "core/ascii.h"
 #include "core/paths.h"
+#include "core/program.h"
 
 namespace quillmark {
 namespace {
@@ -24,6 +25,16 @@ std::filesystem::path Folders::dataFile(const std::string& name) const {
         return own;
     }
     return program / pathFromUtf8(name);
+}
+
+std::filesystem::path installedData() {
+    std::error_code none;
+    const std::filesystem::path beside = programFolder();
+    if (std::filesystem::is_regular_file(beside / "MPCTypes.txt", none)) {
+        return beside;
+    }
+    const std::filesystem::path shared = beside.parent_path() / "share" / "quillmark";
+    return std::filesystem::is_directory(shared, none) ? shared : beside;
 }
 
 std::string differingFolders(const std::vector<FolderPair>& pairs) {

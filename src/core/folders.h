@@ -25,6 +25,9 @@ struct Folders {
 
 [[nodiscard]] Folders platformFolders();
 
+// The program's own data: beside the executable, else `../share/quillmark`.
+[[nodiscard]] std::filesystem::path installedData();
+
 // For the program's log: where the environment names other folders of application data than the
 // platform does. Empty where the environment is all that names them.
 [[nodiscard]] std::string folderNote();

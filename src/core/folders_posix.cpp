@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "core/folders.h"
-#include "core/program.h"
 
 namespace quillmark {
 namespace {
@@ -15,20 +14,6 @@ fs::path environment(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? fs::path(value) : fs::path();
 }
-
-fs::path installedData() {
-    std::error_code none;
-    const fs::path beside = programFolder();
-    if (fs::is_regular_file(beside / "MPCTypes.txt", none)) {
-        return beside;
-    }
-    const fs::path shared = beside.parent_path() / "share" / "quillmark";
-    return fs::is_directory(shared, none) ? shared : beside;
-}
-
-}  // namespace
-
-namespace {
 
 // Never a relative one: backups don't belong where the program happened to be started.
 fs::path homeFolder() {

@@ -4,22 +4,11 @@
 
 #include "core/folders.h"
 #include "core/paths.h"
-#include "core/program.h"
 
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path installedData() {
-    std::error_code none;
-    const fs::path beside = programFolder();
-    if (fs::is_regular_file(beside / "MPCTypes.txt", none)) {
-        return beside;
-    }
-    const fs::path shared = beside.parent_path() / "share" / "quillmark";
-    return fs::is_directory(shared, none) ? shared : beside;
-}
 
 fs::path knownFolder(const KNOWNFOLDERID& which) {
     PWSTR found = nullptr;

@@ -18,7 +18,7 @@ struct JournalEntry {
     std::string context;  // the object that was being read, empty when none
     int line = 0;         // line of a text, from 1; 0 for a binary file
     std::string text;     // as shown, may hold line breaks (CR LF)
-    // The object of a binary file that was being read, for who wants to go there.
+    // The object that was being read, for who wants to go there.
     ObjectKind object = ObjectKind::none;
     std::uint16_t identity = 0;  // type shifted left by 5 plus subtype
     bool operator==(const JournalEntry&) const = default;
@@ -32,6 +32,8 @@ class Journal {
     void warning(std::string text, std::string context = {}, int line = 0);
     // Takes over all entries of another journal, behind the own ones.
     void append(const Journal& other);
+    // Names the object that the entries from `first` on are about.
+    void setObject(std::size_t first, ObjectKind object, std::uint16_t identity);
     void clear();
 
     [[nodiscard]] const std::vector<JournalEntry>& entries() const noexcept { return entries_; }

@@ -25,4 +25,8 @@ struct Change {
     ObjectRef select;
 };
 
+// Where an object is after the change, as far as the change tells: index -1 when it is gone, kind
+// none when another document stands.
+[[nodiscard]] ObjectRef follow(ObjectRef object, const Change& change);
+
 }  // namespace quillmark

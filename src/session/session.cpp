@@ -72,33 +72,7 @@ void Session::command(Then then, const std::function<void(Then)>& body) {
 void Session::tellChange(const Change& change, std::optional<GeneratedText> ready) {
     view_.stale = true;
     ready_ = std::move(ready);
-    switch (change.what) {
-        case Change::What::replaced:
-            view_.shown = {};
-            break;
-        case Change::What::reordered:
-            if (change.reordering) {
-                view_.shown = change.reordering->follow(view_.shown);
-            }
-            break;
-        case Change::What::added:
-            if (view_.shown.kind == change.object.kind &&
-                view_.shown.index >= change.object.index) {
-                ++view_.shown.index;
-            }
-            break;
-        case Change::What::removed:
-            if (view_.shown.kind == change.object.kind) {
-                if (view_.shown.index == change.object.index) {
-                    view_.shown.index = -1;
-                } else if (view_.shown.index > change.object.index) {
-                    --view_.shown.index;
-                }
-            }
-            break;
-        default:
-            break;
-    }
+    view_.shown = follow(view_.shown, change);
     if (change.select.kind != ObjectKind::none) {
         view_.shown = change.select;
     }

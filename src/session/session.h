@@ -134,8 +134,11 @@ class Session {
     void typeHeaderField(HeaderField field, const std::string& text);
     // False when the text was refused: it is told, and the field is emptied.
     bool leaveHeaderField(HeaderField field);
+    // Choices in a row are one step, until `endStep`.
     void setCodePage(int CodePage, Then then = {});
     void setHeaderSize(int bytes, Then then = {});
+    // The user left a control: what comes next is a step of its own.
+    void endStep();
 
     // --- Text view ---
     // `cmdvoirtxt_Click` and its twin: the whole document, or the object that is selected.
@@ -226,6 +229,8 @@ class Session {
     [[nodiscard]] bool acceptHeaderField(HeaderField field);
 
     void settle(const Then& then);
+    // The same for a command on an object, which may stand elsewhere after an Apply.
+    void settleFor(const ObjectRef& object, const std::function<void(bool, ObjectRef)>& then);
     void dropEdits();
     void tellFaults(const Applied& applied);
     void tellUnforeseen(const ErrorFacts& facts, const char* procedure);
@@ -271,8 +276,5 @@ class Session {
     // Gone with the session: tasks that outlive it look here first.
     std::shared_ptr<char> alive_ = std::make_shared<char>();
 };
-
-// What may be typed in a header field: its digits, five at most.
-[[nodiscard]] std::string headerDigits(const std::string& text);
 
 }  // namespace quillmark

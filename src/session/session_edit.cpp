@@ -11,7 +11,6 @@
 namespace quillmark {
 namespace {
 
-constexpr std::size_t kMostHeaderDigits = 5;
 constexpr int kLargestHeaderNumber = 65535;
 
 const char* mergeName(HeaderField field) {
@@ -131,16 +130,6 @@ std::size_t differentLabels(const Document& document, int from, int to) {
 
 }  // namespace
 
-std::string headerDigits(const std::string& text) {
-    std::string digits;
-    for (const char c : text) {
-        if (c >= '0' && c <= '9' && digits.size() < kMostHeaderDigits) {
-            digits += c;
-        }
-    }
-    return digits;
-}
-
 bool Session::commit(const Change& change, const std::function<void(Document&)>& edit,
                      const std::string& merge) {
     Document edited = document_;
@@ -183,7 +172,7 @@ void Session::deleteObject(const ObjectRef& object, Then then) {
         return;
     }
     command(std::move(then), [this, object](const Then& end) {
-        settle([this, object, end](bool settled) {
+        settleFor(object, [this, end](bool settled, ObjectRef object) {
             if (!settled || !exists(document_, object)) {
                 end(false);
                 return;
@@ -325,6 +314,13 @@ bool Session::acceptHeaderField(HeaderField field) {
     return allowed;
 }
 
+void Session::endStep() {
+    if (!busy_) {
+        undo_.endMerge(document_);
+        factsChanged();
+    }
+}
+
 void Session::setCodePage(int CodePage, Then then) {
     if (!facts_.hasDocument || CodePage == document_.CodePage) {
         if (then) {
@@ -336,8 +332,10 @@ void Session::setCodePage(int CodePage, Then then) {
         settle([this, CodePage, end](bool settled) {
             const int old = document_.CodePage;
             const bool done =
-                settled && commit({Change::What::header, {}, nullptr, {}},
-                                  [CodePage](Document& edited) { edited.CodePage = CodePage; }, {});
+                settled &&
+                commit(
+                    {Change::What::header, {}, nullptr, {}},
+                    [CodePage](Document& edited) { edited.CodePage = CodePage; }, "CodePage");
             if (done) {
                 const std::size_t different = differentLabels(document_, old, CodePage);
                 if (different > 0) {
@@ -364,8 +362,10 @@ void Session::setHeaderSize(int bytes, Then then) {
     command(std::move(then), [this, bytes](const Then& end) {
         settle([this, bytes, end](bool settled) {
             const bool done =
-                settled && commit({Change::What::header, {}, nullptr, {}},
-                                  [bytes](Document& edited) { edited.TailleEntete = bytes; }, {});
+                settled &&
+                commit(
+                    {Change::What::header, {}, nullptr, {}},
+                    [bytes](Document& edited) { edited.TailleEntete = bytes; }, "TailleEntete");
             if (!done) {
                 factsChanged();
             }

@@ -99,9 +99,7 @@ GeneratedText Session::generate(const Document& document, const TextView& view) 
 }
 
 void Session::tellUnforeseen(const ErrorFacts& facts, const char* procedure) {
-    services_.dialogues.AfficheMessage("Error " + std::to_string(static_cast<int>(facts.number)) +
-                                           " (" + facts.description + ") in procedure " +
-                                           procedure + " of Feuille frmMain",
+    services_.dialogues.AfficheMessage(unforeseenText(facts, procedure, "Feuille frmMain"),
                                        MessageStyle::ok | MessageStyle::critical, {});
 }
 
@@ -146,9 +144,13 @@ void Session::settingsChanged() {
 }
 
 void Session::markSection(const ObjectRef& object) {
-    const TextSection* section = view_.sectionOf(object);
-    if (pane_ != nullptr && section != nullptr && !view_.stale) {
+    if (pane_ == nullptr || view_.stale) {
+        return;
+    }
+    if (const TextSection* section = view_.sectionOf(object)) {
         pane_->showLines(section->firstLine, section->lastLine);
+    } else {
+        pane_->unmark();
     }
 }
 
@@ -182,6 +184,15 @@ void Session::settle(const Then& then) {
             then(false);
             break;
     }
+}
+
+void Session::settleFor(const ObjectRef& object, const std::function<void(bool, ObjectRef)>& then) {
+    if (!textEdited()) {
+        then(true, object);
+        return;
+    }
+    settle([this, object, before = std::make_shared<const Document>(document_),
+            then](bool settled) { then(settled, counterpart(*before, document_, object)); });
 }
 
 void Session::dropEdits() {
@@ -218,10 +229,10 @@ void Session::showObject(const ObjectRef& object, Then then) {
         return;
     }
     command(std::move(then), [this, object](const Then& end) {
-        settle([this, object, end](bool settled) {
+        settleFor(object, [this, end](bool settled, ObjectRef followed) {
             if (settled) {
                 view_.wholeDocument = false;
-                view_.shown = object;
+                view_.shown = followed;
                 view_.stale = true;
                 refreshText();
             }

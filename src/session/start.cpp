@@ -13,7 +13,7 @@ StartFacts prepareStart(Settings& settings, const Folders& folders, bool ownsBac
     // All reads before all writes, which a store may gather into one.
     facts.firstStart = !settings.isStored(keys::kLangue);
     facts.Langue = settings.text(keys::kLangue);
-    facts.checkUpdate = settings.boolean(keys::kMajAuto);
+    const bool checkUpdate = settings.boolean(keys::kMajAuto);
     std::vector<SettingKey> missing;
     for (const SettingKey& colour : keys::kActiveRoutingColor) {
         if (!settings.isStored(colour)) {
@@ -24,7 +24,7 @@ StartFacts prepareStart(Settings& settings, const Folders& folders, bool ownsBac
         facts.Langue = kFrancais;
         settings.setText(keys::kLangue, facts.Langue);
     }
-    settings.setBoolean(keys::kMajAuto, facts.checkUpdate);
+    settings.setBoolean(keys::kMajAuto, checkUpdate);
     for (const SettingKey& colour : missing) {
         settings.setText(colour, colour.defaut);
     }

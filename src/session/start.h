@@ -11,7 +11,6 @@ namespace quillmark {
 struct StartFacts {
     std::string Langue;       // of the user interface; its file exists, or it is the built-in one
     bool firstStart = false;  // nobody chose a language before
-    bool checkUpdate = false;
 };
 
 // Stores what has no value yet. `ownsBackup`: the backup file is this process's own, and what a

@@ -19,6 +19,7 @@ class TextPane {
     virtual void show(const std::string& text) = 0;
     // Marks lines (from 0) and brings the first into sight without taking the focus.
     virtual void showLines(int firstLine, int lastLine) = 0;
+    virtual void unmark() = 0;
     // False without a document, and while work runs that the text mustn't change under.
     virtual void setEditable(bool editable) = 0;
 };

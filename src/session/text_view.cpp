@@ -26,15 +26,4 @@ const TextSection* TextView::sectionOf(const ObjectRef& object) const {
     return wholeDocument && found != generated.sections.end() ? &*found : nullptr;
 }
 
-const TextSection* TextView::sectionAt(int line) const {
-    const auto behind = std::upper_bound(
-        generated.sections.begin(), generated.sections.end(), line,
-        [](int wanted, const TextSection& section) { return wanted < section.firstLine; });
-    if (!wholeDocument || behind == generated.sections.begin()) {
-        return nullptr;
-    }
-    const TextSection& section = *std::prev(behind);
-    return line <= section.lastLine ? &section : nullptr;
-}
-
 }  // namespace quillmark

@@ -13,7 +13,7 @@ struct TextView {
     bool wholeDocument = true;
     // The object shown otherwise, followed through changes of order; none when it is gone.
     ObjectRef shown;
-    // What the control was given last. Its sections are looked up by object and by line.
+    // What the control was given last. Its sections are looked up by object.
     GeneratedText generated;
     bool stale = true;  // the document changed since, or the control isn't to be seen
 
@@ -21,8 +21,6 @@ struct TextView {
     [[nodiscard]] ParseTarget target() const;
     // The section of an object in a text of the whole document; null without one.
     [[nodiscard]] const TextSection* sectionOf(const ObjectRef& object) const;
-    // The section that a line (from 0) lies in.
-    [[nodiscard]] const TextSection* sectionAt(int line) const;
 };
 
 }  // namespace quillmark

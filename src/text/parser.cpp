@@ -276,10 +276,11 @@ class Parser {
             return;
         }
         source_.next();
+        firstEntry_ = result_.journal.entries().size();
         if (kind == ObjectKind::Polygone) {
-            place(document.Polygone, parsePolygon(context_));
+            place(kind, document.Polygone, parsePolygon(context_));
         } else if (kind == ObjectKind::Polyline) {
-            place(document.Polyline, parseLine(context_));
+            place(kind, document.Polyline, parseLine(context_));
         } else {
             const std::size_t firstLine = source_.index() - 1;
             placePoint(firstLine, parsePoint(context_));
@@ -293,7 +294,7 @@ class Parser {
     }
 
     template <typename Record>
-    void place(std::vector<Record>& records, Record record) {
+    void place(ObjectKind kind, std::vector<Record>& records, Record record) {
         // A section without any type is kept as type 0, as its digits would be read.
         if (record.Type.empty()) {
             record.Type = "000";
@@ -301,6 +302,9 @@ class Parser {
         if (record.SubType.empty()) {
             record.SubType = "00";
         }
+        result_.journal.setObject(
+            firstEntry_, kind,
+            static_cast<std::uint16_t>(identityValue(record.Type, record.SubType)));
         const auto index = static_cast<std::size_t>(target_.index);
         if (isWhole() || target_.index < 0 || index >= records.size()) {
             records.push_back(std::move(record));
@@ -313,7 +317,7 @@ class Parser {
     void placePoint(std::size_t firstLine, POI poi) {
         Document& document = result_.document;
         if (target_.ObjetVisualise != ObjectKind::ExtraPOI) {
-            place(document.POI, std::move(poi));
+            place(ObjectKind::POI, document.POI, std::move(poi));
             return;
         }
         replaced_ = true;
@@ -383,6 +387,7 @@ class Parser {
     ParserContext context_;
     std::array<bool, 5> tooManyTold_{};  // by ObjectKind
     bool replaced_ = false;              // the single object has got its section
+    std::size_t firstEntry_ = 0;         // of the journal about the section at hand
 };
 
 }  // namespace

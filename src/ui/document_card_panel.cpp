@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QStyleOptionComboBox>
@@ -274,6 +275,12 @@ bool DocumentCardPanel::eventFilter(QObject* watched, QEvent* event) {
     if (box != nullptr && event->type() == QEvent::Wheel && !box->hasFocus()) {
         event->ignore();
         return true;
+    }
+    if (box != nullptr && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
+            guarded("cbb_LostFocus", "frmMain", [this] { context_.session.endStep(); })();
+        }
     }
     if (watched == lblNomTyp_ && event->type() == QEvent::MouseButtonRelease) {
         guarded("lblNomTyp_Click", "frmMain", [this] { lblNomTyp_Click(); })();

@@ -10,10 +10,8 @@ namespace quillmark {
 namespace {
 
 void tell(const char* procedure, const std::string& place) {
-    const ErrorFacts facts = currentErrorFacts();
-    const std::string text = "Error " + std::to_string(static_cast<int>(facts.number)) + " (" +
-                             facts.description + ") in procedure " + procedure + " of " + place;
-    QMessageBox box(QMessageBox::Critical, QStringLiteral("Quillmark"), toQt(text));
+    QMessageBox box(QMessageBox::Critical, QStringLiteral("Quillmark"),
+                    toQt(unforeseenText(currentErrorFacts(), procedure, place)));
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -19,6 +19,7 @@
 #include "ui/qt_settings_store.h"
 #include "ui/qt_tasks.h"
 #include "ui/terminal.h"
+#include "ui/toolkit_texts.h"
 #include "ui/window_place.h"
 
 namespace quillmark {
@@ -82,6 +83,7 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     if (const std::string note = folderNote(); !note.empty()) {
         std::clog << note;
     }
+    const ToolkitTexts toolkitTexts(program.context);
     frmMain window(program.context);
     std::vector<Connection> connections;
     showWork(program.tasks, window.statusLine(), connections);

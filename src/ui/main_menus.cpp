@@ -15,6 +15,7 @@
 #include "ui/guard.h"
 #include "ui/icons.h"
 #include "ui/main_menu_texts.h"
+#include "ui/object_list_texts.h"
 #include "ui/qt_text.h"
 
 namespace quillmark {
@@ -178,6 +179,9 @@ void MainMenus::build(QMainWindow& window) {
                     }
                 }));
     }
+    // A control may have become read-only since it got the focus.
+    connect(&menu("mnuEdition"), &QMenu::aboutToShow, this,
+            guarded("mnuEdition_Click", "frmMain", [this] { followFocus(textControl_); }));
 }
 
 void MainMenus::buildToolBar(QMainWindow& window) {
@@ -232,8 +236,7 @@ void MainMenus::retranslate(const Traduction& traduction) {
             action(name.c_str()).setText(toQt(text));
         }
     }
-    laterTip_ = toQt(traduction.Trad("Main", "Cette commande arrivera dans une prochaine version.",
-                                     "tipPlusTard"));
+    laterTip_ = toQt(laterText(traduction));
     clearText_ = toQt(traduction.Trad("Main", "&Vider la liste", "mnuMRUVider"));
     toolBar_->setAccessibleName(toQt(traduction.Trad("Main", "Barre d'outils", "tlbPrincipale")));
     for (auto each = actions_.constBegin(); each != actions_.constEnd(); ++each) {

@@ -71,7 +71,6 @@ class TextEditor : public QPlainTextEdit {
 
     Q_SIGNAL void editedChanged(bool edited);
     Q_SIGNAL void typed();
-    Q_SIGNAL void filled();
     Q_SIGNAL void undoBeyond();
     Q_SIGNAL void redoBeyond();
 

@@ -81,7 +81,6 @@ void TextEditor::filledUp() {
         later();
     }
     tellEdited();
-    Q_EMIT filled();
 }
 
 int TextEditor::lineCount() const {
@@ -145,6 +144,9 @@ void TextEditor::markLines(int first, int last) {
 }
 
 void TextEditor::unmark() {
+    if (isFilling()) {
+        later_.emplace_back([this] { unmark(); });
+    }
     markStart_ = markEnd_ = QTextCursor();
     viewport()->update();
 }

@@ -227,6 +227,10 @@ void TextPanel::markCurrent() {
     }
 }
 
+void TextPanel::unmark() {
+    editor_->unmark();
+}
+
 void TextPanel::showLines(int firstLine, int lastLine) {
     editor_->showLines(firstLine, lastLine);
 }

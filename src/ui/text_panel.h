@@ -40,6 +40,7 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
     void show(const std::string& text) override;
     using QWidget::show;
     void showLines(int firstLine, int lastLine) override;
+    void unmark() override;
     void setEditable(bool editable) override;
 
     // --- For the search ---

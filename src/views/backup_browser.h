@@ -20,7 +20,6 @@ class BackupBrowser {
     [[nodiscard]] std::size_t count() const;
     [[nodiscard]] bool hasPrevious() const { return position_ > 0; }
     [[nodiscard]] bool hasNext() const { return position_ + 1 < count(); }
-    [[nodiscard]] bool showsEarlierRun() const { return earlierRun_; }
     [[nodiscard]] std::string caption(const Traduction& traduction) const;
     // What the file says of the text shown, such as "carte.typ Sauvegarde n°3"; empty for texts of
     // this run, which are all of the document at hand.

@@ -1,7 +1,5 @@
 #include "views/current_object.h"
 
-#include <algorithm>
-
 namespace quillmark {
 
 CurrentObject::CurrentObject(Session& session)
@@ -22,38 +20,8 @@ void CurrentObject::set(const ObjectRef& object) {
 }
 
 void CurrentObject::follow(const Change& change) {
-    ObjectRef next = object_;
-    switch (change.what) {
-        case Change::What::replaced:
-            next = {};
-            break;
-        case Change::What::reordered:
-            if (change.reordering) {
-                next = change.reordering->follow(object_);
-            }
-            break;
-        case Change::What::added:
-            if (next.kind == change.object.kind && next.index >= change.object.index) {
-                ++next.index;
-            }
-            break;
-        case Change::What::removed:
-            if (next.kind == change.object.kind) {
-                if (next.index > change.object.index) {
-                    --next.index;
-                } else if (next.index == change.object.index) {
-                    next.member = 0;
-                    next.index =
-                        std::min(next.index, objectCount(session_.document(), next.kind) - 1);
-                }
-            }
-            break;
-        default:
-            break;
-    }
-    if (change.select.kind != ObjectKind::none) {
-        next = change.select;
-    }
+    const bool told = change.select.kind != ObjectKind::none;
+    ObjectRef next = told ? change.select : quillmark::follow(object_, change);
     if (!exists(session_.document(), next)) {
         next = {};
     }

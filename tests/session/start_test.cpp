@@ -27,7 +27,6 @@ TEST_F(StartTest, FirstStartStoresWhatLaterOnesKeep) {
     StartFacts facts = prepareStart(settings_, folders_, true);
     EXPECT_TRUE(facts.firstStart);
     EXPECT_EQ(facts.Langue, kFrancais);
-    EXPECT_FALSE(facts.checkUpdate);
     EXPECT_EQ(store_.read("Paramètres", "Langue"), "Francais");
     EXPECT_EQ(store_.read("Paramètres", "MajAuto"), "0");
     const std::vector<std::string> colours{"255",      "65280",    "16711680",
@@ -42,7 +41,7 @@ TEST_F(StartTest, FirstStartStoresWhatLaterOnesKeep) {
     facts = prepareStart(settings_, folders_, true);
     EXPECT_FALSE(facts.firstStart);
     EXPECT_EQ(facts.Langue, "English");
-    EXPECT_TRUE(facts.checkUpdate);
+    EXPECT_EQ(store_.read("Paramètres", "MajAuto"), "1");
     EXPECT_EQ(store_.read("Paramètres", "ActiveRouting_color0"), "unreadable");
 
     store_.write("Paramètres", "Langue", "Gone");

@@ -25,6 +25,7 @@ class FakeTextPane : public TextPane {
         ++shows;
     }
     void showLines(int firstLine, int lastLine) override { marked = {firstLine, lastLine}; }
+    void unmark() override { marked = {-1, -1}; }
     void setEditable(bool value) override { editable = value; }
     // As a user would: the first `what` becomes `by`.
     void replace(const std::string& what, const std::string& by) {
