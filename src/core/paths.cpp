@@ -1,5 +1,7 @@
 #include "core/paths.h"
 
+#include <algorithm>
+
 namespace quillmark {
 
 std::filesystem::path pathFromUtf8(const std::string& path) {
@@ -9,6 +11,22 @@ std::filesystem::path pathFromUtf8(const std::string& path) {
 std::string utf8FromPath(const std::filesystem::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
+}
+
+std::filesystem::path withoutDots(const std::filesystem::path& path) {
+    const bool climbs = std::find(path.begin(), path.end(), "..") != path.end();
+    return climbs ? path : path.lexically_normal();
+}
+
+std::filesystem::path absolutePath(const std::filesystem::path& path) {
+    std::error_code failed;
+    const std::filesystem::path whole = std::filesystem::absolute(path, failed);
+    const std::filesystem::path plain = withoutDots(whole.empty() ? path : whole);
+    if (std::find(plain.begin(), plain.end(), "..") == plain.end()) {
+        return plain;
+    }
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(plain, failed);
+    return failed || resolved.empty() ? plain : resolved;
 }
 
 }  // namespace quillmark

@@ -9,4 +9,12 @@ namespace quillmark {
 [[nodiscard]] std::filesystem::path pathFromUtf8(const std::string& path);
 [[nodiscard]] std::string utf8FromPath(const std::filesystem::path& path);
 
+// Without ".". A ".." stays with all before it: behind a link it is another folder than it looks.
+[[nodiscard]] std::filesystem::path withoutDots(const std::filesystem::path& path);
+// From the working folder, with ".." as the file system resolves it.
+[[nodiscard]] std::filesystem::path absolutePath(const std::filesystem::path& path);
+
+// As the platform compares them; both are UTF-8.
+[[nodiscard]] bool samePath(const std::string& a, const std::string& b);
+
 }  // namespace quillmark

@@ -15,12 +15,8 @@ std::string place(std::string_view section, std::string_view key) {
     return loweredAscii(section) + '\0' + loweredAscii(key);
 }
 
-// Stores hold the word in the language of the machine that wrote it.
-constexpr std::array<std::string_view, 12> kTrueWords{"true", "vrai",       "yes",  "oui",
-                                                      "on",   "wahr",       "ja",   "verdadero",
-                                                      "vero", "verdadeiro", "waar", "si"};
-constexpr std::array<std::string_view, 10> kFalseWords{"false",  "faux", "no",    "non",    "off",
-                                                       "falsch", "nein", "falso", "onwaar", "nee"};
+constexpr std::array<std::string_view, 4> kTrueWords{"true", "vrai", "yes", "oui"};
+constexpr std::array<std::string_view, 4> kFalseWords{"false", "faux", "no", "non"};
 
 template <std::size_t N>
 bool contains(const std::array<std::string_view, N>& words, std::string_view word) {

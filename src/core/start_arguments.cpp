@@ -74,10 +74,7 @@ fs::path fileNamed(std::string_view argument, const fs::path& folder) {
     const bool address = loweredAscii(name.substr(0, kScheme.size())) == kScheme;
     const fs::path path =
         address ? pathOfAddress(name.substr(kScheme.size())) : pathFromUtf8(std::string(name));
-    fs::path absolute = folder / path;
-    // Only "." may go: ".." behind a link is another folder than it looks.
-    const bool climbs = std::find(absolute.begin(), absolute.end(), "..") != absolute.end();
-    return climbs ? absolute : absolute.lexically_normal();
+    return withoutDots(folder / path);
 }
 
 std::string joined(const std::vector<std::string>& arguments, std::size_t first) {

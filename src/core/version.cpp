@@ -44,7 +44,7 @@ std::string Version::text() const {
 
 std::optional<Version> readVersion(std::string_view note) {
     note = withoutBlanks(note);
-    if (!note.empty() && (note.front() == 'v' || note.front() == 'V')) {
+    if (!note.empty() && note.front() == 'v') {
         note.remove_prefix(1);
     }
     const auto major = takeNumber(note);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/ascii.h"
 #include "core/paths.h"
 #include "core/settings_table.h"
 
@@ -11,21 +10,6 @@ namespace {
 
 std::string keyOf(std::size_t place) {
     return std::to_string(place + 1);
-}
-
-std::string absoluteText(const std::filesystem::path& file) {
-    std::error_code ignored;
-    const std::filesystem::path whole = std::filesystem::absolute(file, ignored);
-    return utf8FromPath((whole.empty() ? file : whole).lexically_normal());
-}
-
-// As the platform compares them.
-bool samePath(const std::string& a, const std::string& b) {
-    if constexpr (std::filesystem::path::preferred_separator == '\\') {
-        return loweredAscii(a) == loweredAscii(b);
-    } else {
-        return a == b;
-    }
 }
 
 void erase(std::vector<std::string>& paths, const std::string& path) {
@@ -47,7 +31,7 @@ std::vector<std::string> RecentFiles::paths() const {
 }
 
 void RecentFiles::add(const std::filesystem::path& file) {
-    const std::string path = absoluteText(file);
+    const std::string path = utf8FromPath(absolutePath(file));
     // Read anew, since another process may have written meanwhile.
     std::vector<std::string> all = paths();
     erase(all, path);
@@ -58,7 +42,7 @@ void RecentFiles::add(const std::filesystem::path& file) {
 
 void RecentFiles::remove(const std::filesystem::path& file) {
     std::vector<std::string> all = paths();
-    erase(all, absoluteText(file));
+    erase(all, utf8FromPath(absolutePath(file)));
     write(all);
 }
 

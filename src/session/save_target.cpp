@@ -2,25 +2,14 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
 #include "core/paths.h"
 
 namespace quillmark {
 namespace {
 
 bool hasSuffix(const std::string& name, const std::string& suffix) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return name.size() >= suffix.size() &&
-           std::equal(suffix.rbegin(), suffix.rend(), name.rbegin(),
-                      [&](char a, char b) { return lower(a) == lower(b); });
-}
-
-// The name of the document without an ending that either kind of save has.
-std::string proposedName(const std::filesystem::path& current) {
-    std::string name = utf8FromPath(current.filename());
-    if (hasSuffix(name, ".typ") || hasSuffix(name, ".txt")) {
-        name.resize(name.size() - 4);
-    }
-    return name;
+    return loweredAscii(name).ends_with(suffix);
 }
 
 }  // namespace
@@ -43,11 +32,11 @@ bool mayReplace(const std::filesystem::path& file, Dialogues& dialogues,
 
 std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
                                                       const FileFilter& filter,
-                                                      const std::filesystem::path& current,
+                                                      const std::string& proposed,
                                                       Dialogues& dialogues,
                                                       const Traduction& traduction) {
     for (;;) {
-        const auto chosen = dialogues.chooseFileToSave(titre, filter, proposedName(current));
+        const auto chosen = dialogues.chooseFileToSave(titre, filter, proposed);
         if (!chosen || chosen->empty()) {
             return std::nullopt;
         }
@@ -59,6 +48,19 @@ std::optional<std::filesystem::path> chooseSaveTarget(const std::string& titre,
             return file;
         }
     }
+}
+
+std::string nameToSaveAs(const std::filesystem::path& current) {
+    std::string name = utf8FromPath(current.filename());
+    if (hasSuffix(name, ".typ") || hasSuffix(name, ".txt")) {
+        name.resize(name.size() - 4);
+    }
+    return name;
+}
+
+std::string typNameFor(const std::filesystem::path& current) {
+    std::string name = utf8FromPath(current.filename());
+    return name.empty() || hasSuffix(name, ".typ") ? name : name + ".typ";
 }
 
 FileFilter typFilter(const Traduction& traduction) {

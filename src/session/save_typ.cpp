@@ -167,9 +167,9 @@ SaveOutcome CreerTYP(Document& document, const std::filesystem::path& FichierTYP
     }
     std::filesystem::path file = FichierTYP;
     if (AvecDialogue || file.empty()) {
-        const auto chosen =
-            chooseSaveTarget(traduction.Trad("Main", "Enregistrer sous", "dlgEnregistrerSous"),
-                             typFilter(traduction), FichierTYP, dialogues, traduction);
+        const auto chosen = chooseSaveTarget(
+            traduction.Trad("Main", "Enregistrer sous", "dlgEnregistrerSous"),
+            typFilter(traduction), nameToSaveAs(FichierTYP), dialogues, traduction);
         if (!chosen) {
             return {};
         }

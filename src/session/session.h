@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -45,14 +46,16 @@ struct SessionServices {
 // What stands beside the content of the document.
 struct SessionFacts {
     bool hasDocument = false;
-    bool isNew = false;           // from New, never saved
-    bool OuvertEnTexte = false;   // opened from text, or saved as text
-    bool utf8 = false;            // the text file is held in UTF-8
-    bool hasMagic = true;         // false: the file opened wasn't a TYP file
-    bool damaged = false;         // the file opened couldn't be read whole; asked before it is lost
-    bool incompleteText = false;  // saved as text that couldn't hold all of the document
+    bool isNew = false;                // from New, never saved
+    bool OuvertEnTexte = false;        // opened from text, or saved as text
+    bool utf8 = false;                 // the text file is held in UTF-8
+    bool hasMagic = true;              // false: the file opened wasn't a TYP file
+    bool incompleteText = false;       // saved as text that couldn't hold all of the document
     std::filesystem::path FichierTYP;  // absolute; empty without a file
     std::size_t TailleFichier = 0;     // bytes
+    // The file that was opened, as long as it holds what couldn't be read of it; asked before that
+    // is lost, also when the document has been saved elsewhere meanwhile.
+    std::filesystem::path damagedFile;
 
     [[nodiscard]] std::string NomFichier() const;
     [[nodiscard]] std::string DossierFichier() const;
@@ -105,6 +108,7 @@ class Session {
     Signal<Change> documentChanged;
     Signal<> factsChanged;     // title, journal, changed mark, undo, busy, recent files
     Signal<std::string> told;  // one line for the status bar
+    Signal<> backupKept;       // there is another element in the backups
 
     // --- Documents ---
     void mnuNouveau_Click(Then then = {});
@@ -197,7 +201,8 @@ class Session {
     void askToSave(const Then& then);
 
     void saveOwn(const Then& then);
-    void saveTyp(bool AvecDialogue, const Then& then);
+    // Into the document's own file, or into one asked for with a name proposed.
+    void saveTyp(const std::optional<std::string>& proposed, const Then& then);
     void saveText(bool askForName, bool utf8, const Then& then);
     // Header fields and edits of the view come first in every save.
     void beforeSave(const Then& then);
@@ -215,7 +220,6 @@ class Session {
     void replaceBehind(const std::filesystem::path& file, std::shared_ptr<const Bytes> content,
                        std::function<void(const FileStamp&)> done, std::function<void()> failed);
     void afterSave(const std::filesystem::path& file, const FileStamp& stamp);
-    [[nodiscard]] bool isOwnFile(const std::filesystem::path& file) const;
     [[nodiscard]] bool changedOnDisk() const;
     [[nodiscard]] static std::optional<FileStamp> stampOf(const std::filesystem::path& file);
 
@@ -245,6 +249,8 @@ class Session {
     void markSection(const ObjectRef& object);
 
     struct BackupJob;
+    // What `sauvegardertexte` does once it isn't held back.
+    void keepState();
     [[nodiscard]] BackupJob backupJob() const;
     [[nodiscard]] static std::string textOf(BackupJob& job);
     [[nodiscard]] bool writesBackups() const;
@@ -272,6 +278,8 @@ class Session {
     std::optional<GeneratedText> ready_;
     bool backupRuns_ = false;   // one of the document, not of typed text
     bool backupAgain_ = false;  // it changed since
+    // Held by who writes to the backup file, which may be the thread behind.
+    std::shared_ptr<std::mutex> backupFile_ = std::make_shared<std::mutex>();
     bool busy_ = false;
     // Gone with the session: tasks that outlive it look here first.
     std::shared_ptr<char> alive_ = std::make_shared<char>();

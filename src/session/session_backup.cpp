@@ -1,4 +1,6 @@
 // Earlier texts of the document, kept behind.
+#include <algorithm>
+#include <mutex>
 #include <utility>
 
 #include "core/errors.h"
@@ -11,21 +13,57 @@ namespace quillmark {
 struct Session::BackupJob {
     Document document;
     std::optional<std::string> text;  // the view's own, when it shows the whole document
+    // What was typed for one object, to stand in place of its section.
+    std::optional<std::string> section;
+    ObjectRef object;
     std::optional<SourceComments> comments;
     GeneratorContext context;
     Traduction traduction;
 };
 
+namespace {
+
+std::size_t startOfLine(const std::string& text, int line) {
+    std::size_t at = 0;
+    for (; line > 0 && at < text.size(); --line) {
+        at = std::min(text.find('\n', at), text.size() - 1) + 1;
+    }
+    return at;
+}
+
+// In place of the object's own section; at the end where it has none.
+void putSection(GeneratedText& generated, const ObjectRef& object, const std::string& text) {
+    const std::string lines = text.ends_with('\n') ? text : text + "\r\n";
+    for (const TextSection& section : generated.sections) {
+        if (section.kind == object.kind && section.index == object.index) {
+            const std::size_t begin = startOfLine(generated.text, section.firstLine);
+            const std::size_t end = startOfLine(generated.text, section.lastLine + 1);
+            generated.text.replace(begin, end - begin, lines);
+            return;
+        }
+    }
+    generated.text += lines;
+}
+
+}  // namespace
+
 Session::BackupJob Session::backupJob() const {
-    BackupJob job{{}, std::nullopt, sourceComments(), generatorContext(), services_.traduction};
+    BackupJob job;
+    job.comments = sourceComments();
+    job.context = generatorContext();
+    job.traduction = services_.traduction;
     if (view_.wholeDocument && textEdited()) {
         job.text = pane_->text();
     } else if (view_.wholeDocument && pane_ != nullptr && !view_.stale) {
         job.text = view_.generated.text;
-    } else if (ready_) {
+    } else if (ready_ && !textEdited()) {
         job.text = ready_->text;
     } else {
         job.document = document_;
+    }
+    if (!view_.wholeDocument && textEdited()) {
+        job.section = pane_->text();
+        job.object = view_.shown;
     }
     return job;
 }
@@ -35,7 +73,12 @@ std::string Session::textOf(BackupJob& job) {
         return std::move(*job.text);
     }
     job.context.traduction = &job.traduction;
-    return genererTexte(job.document, job.context, job.comments ? &*job.comments : nullptr).text;
+    GeneratedText generated =
+        genererTexte(job.document, job.context, job.comments ? &*job.comments : nullptr);
+    if (job.section) {
+        putSection(generated, job.object, *job.section);
+    }
+    return std::move(generated.text);
 }
 
 bool Session::writesBackups() const {
@@ -46,12 +89,16 @@ void Session::sauvegardertexte() {
     if (!facts_.hasDocument) {
         return;
     }
-    const bool typed = textEdited();
-    if (backupRuns_ && !typed) {
+    if (backupRuns_ && !textEdited()) {
         // A slider's values and the like come faster than texts are made: the last one counts.
         backupAgain_ = true;
         return;
     }
+    keepState();
+}
+
+void Session::keepState() {
+    const bool typed = textEdited();
     struct Work {
         BackupJob job;
         std::string text;
@@ -84,11 +131,14 @@ void Session::keepBackup(const std::string& name, const std::string& text,
         return;
     }
     const std::size_t number = services_.backups.add(std::move(prepared));
+    backupKept();
     if (!writesBackups()) {
         return;
     }
     services_.tasks.runBehind(
-        [file = services_.backupFile, block = backupBlock(name, backupWord(), number, text)] {
+        [file = services_.backupFile, writing = backupFile_,
+         block = backupBlock(name, backupWord(), number, text)] {
+            const std::lock_guard lock(*writing);
             appendBackup(file, block);
         },
         [this](const std::exception_ptr& failure) {
@@ -121,6 +171,7 @@ void Session::backUpNow() {
                                    : services_.backups.add(std::move(prepared));
     if (!services_.backupFile.empty()) {
         try {
+            const std::lock_guard lock(*backupFile_);
             appendBackup(services_.backupFile,
                          backupBlock(facts_.NomFichier(), backupWord(), number, text));
         } catch (const Failure&) {

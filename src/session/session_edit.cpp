@@ -153,8 +153,9 @@ void Session::edit(const Change& change, const std::function<void(Document&)>& e
         return;
     }
     command({}, [this, change, edit, merge](const Then& end) {
-        settle([this, change, edit, merge, end](bool settled) {
-            const bool done = settled && commit(change, edit, merge);
+        settleFor(change.object, [this, change, edit, merge, end](bool settled, ObjectRef object) {
+            // An object that an Apply put elsewhere isn't the one at that place any more.
+            const bool done = settled && object == change.object && commit(change, edit, merge);
             if (!done) {
                 // Whoever showed the new value already shows the old one again.
                 factsChanged();

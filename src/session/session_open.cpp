@@ -16,12 +16,6 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t kNewCodePage = 1252;
 
-fs::path absolutePath(const fs::path& file) {
-    std::error_code ignored;
-    fs::path whole = fs::absolute(file, ignored);
-    return whole.empty() ? file : whole.lexically_normal();
-}
-
 FileFilter bothFilter(const Traduction& traduction) {
     return {traduction.Trad("Main", "Fichiers TYP et texte", "msgFiltreTous") + " (*.typ *.txt)",
             {".typ", ".txt"}};
@@ -143,9 +137,13 @@ void Session::tellUnopened(const fs::path& file) {
     const ErrorFacts facts = currentErrorFacts();
     switch (facts.number) {
         case ErrorNumber::fileMissing:
-        case ErrorNumber::path:
-            recent_.remove(file);
+        case ErrorNumber::path: {
+            std::error_code unknown;
+            if (!fs::exists(file, unknown) && !unknown) {
+                recent_.remove(file);
+            }
             [[fallthrough]];
+        }
         case ErrorNumber::permission:
         case ErrorNumber::device:
         case ErrorNumber::overflow:
@@ -205,8 +203,10 @@ void Session::put(Loaded loaded, const fs::path& file) {
     facts_.OuvertEnTexte = opened.OuvertEnTexte;
     facts_.utf8 = opened.utf8;
     facts_.hasMagic = opened.OuvertEnTexte || opened.hasMagic;
-    facts_.damaged = opened.journal.ErreurFlag();
     facts_.FichierTYP = file;
+    if (opened.journal.ErreurFlag()) {
+        facts_.damagedFile = file;
+    }
     facts_.TailleFichier = opened.fileSize;
     openJournal_ = std::move(opened.journal);
     ++journalVersion_;
@@ -234,6 +234,9 @@ void Session::put(Loaded loaded, const fs::path& file) {
 }
 
 void Session::wipe() {
+    if (std::exchange(backupAgain_, false)) {
+        keepState();  // the last one of the document that goes
+    }
     const std::int32_t CodePage = document_.CodePage;
     document_ = Document();
     document_.CodePage = CodePage;

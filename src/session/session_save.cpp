@@ -28,6 +28,11 @@ fs::path originalName(const fs::path& file) {
     return name;
 }
 
+bool sameFile(const fs::path& a, const fs::path& b) {
+    std::error_code ignored;
+    return a == b || fs::equivalent(a, b, ignored);
+}
+
 }  // namespace
 
 void Session::mnuEnregistrer_Click(Then then) {
@@ -35,7 +40,8 @@ void Session::mnuEnregistrer_Click(Then then) {
 }
 
 void Session::mnuEnregistrerTyp_Click(Then then) {
-    command(std::move(then), [this](const Then& end) { saveTyp(true, end); });
+    command(std::move(then),
+            [this](const Then& end) { saveTyp(nameToSaveAs(facts_.FichierTYP), end); });
 }
 
 void Session::mnuEnregistrerTxt_Click(bool utf8, Then then) {
@@ -49,7 +55,8 @@ void Session::saveOwn(const Then& then) {
         return;
     }
     // What wasn't a TYP file doesn't become one under its own name.
-    saveTyp(!hasExtension(file, ".typ") || !facts_.hasMagic, then);
+    const bool own = hasExtension(file, ".typ") && facts_.hasMagic;
+    saveTyp(own ? std::nullopt : std::optional(typNameFor(file)), then);
 }
 
 void Session::beforeSave(const Then& then) {
@@ -80,24 +87,16 @@ void Session::beforeSave(const Then& then) {
     });
 }
 
-bool Session::isOwnFile(const fs::path& file) const {
-    std::error_code ignored;
-    return file == facts_.FichierTYP || fs::equivalent(file, facts_.FichierTYP, ignored);
-}
-
 bool Session::changedOnDisk() const {
     return stamp_ && stampOf(facts_.FichierTYP).value_or(*stamp_) != *stamp_;
 }
 
 bool Session::mayLose(const fs::path& file, bool chosen) {
     const Traduction& t = services_.traduction;
-    if (!isOwnFile(file)) {
-        return true;
-    }
     if (!chosen && changedOnDisk() && !mayReplace(file, services_.dialogues, t)) {
         return false;
     }
-    return !facts_.damaged ||
+    return !sameFile(file, facts_.damagedFile) ||
            services_.dialogues.AfficheMessage(
                t.Trad("Main",
                       "Le fichier n'a pas pu être lu en entier. Ce qui n'a pas été lu sera perdu. "
@@ -117,7 +116,7 @@ void Session::replaceBehind(const fs::path& file, std::shared_ptr<const Bytes> c
     inBackground<FileStamp>(
         savingLabel(file),
         [file, content = std::move(content),
-         keepOriginal = facts_.damaged && isOwnFile(file)](Progress& /*progress*/) {
+         keepOriginal = sameFile(file, facts_.damagedFile)](Progress& /*progress*/) {
             std::error_code gone;
             if (keepOriginal && fs::exists(file, gone)) {
                 replaceFile(originalName(file), readFile(file));
@@ -130,10 +129,12 @@ void Session::replaceBehind(const fs::path& file, std::shared_ptr<const Bytes> c
 }
 
 void Session::afterSave(const fs::path& file, const FileStamp& stamp) {
+    if (sameFile(file, facts_.damagedFile)) {
+        facts_.damagedFile.clear();
+    }
     facts_.FichierTYP = file;
     facts_.TailleFichier = stamp.size;
     facts_.isNew = false;
-    facts_.damaged = false;
     facts_.incompleteText = false;
     facts_.hasMagic = true;
     stamp_ = stamp;

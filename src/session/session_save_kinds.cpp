@@ -13,12 +13,6 @@ namespace fs = std::filesystem;
 
 constexpr const char* kLineBreak = "\r\n";
 
-fs::path wholePath(const fs::path& file) {
-    std::error_code ignored;
-    const fs::path whole = fs::absolute(file, ignored);
-    return (whole.empty() ? file : whole).lexically_normal();
-}
-
 }  // namespace
 
 // What a save writes, and the text that shows the document as it will stand.
@@ -35,8 +29,8 @@ struct Session::ComposedText {
     std::optional<GeneratedText> shown;  // where the saved document's text is another one
 };
 
-void Session::saveTyp(bool AvecDialogue, const Then& then) {
-    beforeSave([this, AvecDialogue, then](bool ready) {
+void Session::saveTyp(const std::optional<std::string>& proposed, const Then& then) {
+    beforeSave([this, proposed, then](bool ready) {
         Dialogues& dialogues = services_.dialogues;
         const Traduction& t = services_.traduction;
         if (!ready || !mayWriteTyp(document_, dialogues, t)) {
@@ -44,18 +38,17 @@ void Session::saveTyp(bool AvecDialogue, const Then& then) {
             return;
         }
         fs::path file = facts_.FichierTYP;
-        const bool asks = AvecDialogue || file.empty();
-        if (asks) {
+        if (proposed) {
             const auto chosen =
                 chooseSaveTarget(t.Trad("Main", "Enregistrer sous", "dlgEnregistrerSous"),
-                                 typFilter(t), file, dialogues, t);
+                                 typFilter(t), *proposed, dialogues, t);
             if (!chosen) {
                 then(false);
                 return;
             }
-            file = wholePath(*chosen);
+            file = absolutePath(*chosen);
         }
-        if (!mayLose(file, asks) || !waitUntilWritable(file, dialogues, t)) {
+        if (!mayLose(file, proposed.has_value()) || !waitUntilWritable(file, dialogues, t)) {
             then(false);
             return;
         }
@@ -198,12 +191,12 @@ void Session::askAndWriteText(const std::shared_ptr<ComposedText>& composed, boo
     const bool asks = askForName || file.empty();
     if (asks) {
         const auto chosen = chooseSaveTarget(t.Trad("Main", "Enregistrer sous", "dlgEnr"),
-                                             textFilter(t), file, dialogues, t);
+                                             textFilter(t), nameToSaveAs(file), dialogues, t);
         if (!chosen) {
             then(false);
             return;
         }
-        file = wholePath(*chosen);
+        file = absolutePath(*chosen);
     }
     if (!mayLose(file, asks)) {
         then(false);

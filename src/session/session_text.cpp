@@ -192,7 +192,10 @@ void Session::settleFor(const ObjectRef& object, const std::function<void(bool, 
         return;
     }
     settle([this, object, before = std::make_shared<const Document>(document_),
-            then](bool settled) { then(settled, counterpart(*before, document_, object)); });
+            then](bool settled) {
+        // One that is about to be added stands nowhere yet.
+        then(settled, exists(*before, object) ? counterpart(*before, document_, object) : object);
+    });
 }
 
 void Session::dropEdits() {

@@ -133,8 +133,4 @@ void UndoHistory::markSaved() {
     saved_ = position_;
 }
 
-void UndoHistory::markNeverSaved() {
-    saved_ = 0;
-}
-
 }  // namespace quillmark

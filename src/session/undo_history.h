@@ -45,8 +45,6 @@ class UndoHistory {
     void clear();
     // The state of now is what the file holds.
     void markSaved();
-    // The file holds none of the states that can be reached.
-    void markNeverSaved();
     [[nodiscard]] bool isSaved() const noexcept { return position_ == saved_; }
 
   private:

@@ -45,6 +45,10 @@ frmSauvegardetxt::frmSauvegardetxt(QWidget* parent, AppContext& context)
     build();
     connectControls();
     language_ = context.languageChanged.connect([this] { retranslate(); });
+    kept_ = context.session.backupKept.connect([this] {
+        browser_.refresh();
+        showState();
+    });
     retranslate();
 }
 
@@ -55,8 +59,6 @@ void frmSauvegardetxt::build() {
     txtSauvegarde_->setTabChangesFocus(true);
     txtSauvegarde_->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtSauvegarde_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    cmdPrecedent_->setShortcut(QKeySequence(QKeySequence::Back));
-    cmdSuivant_->setShortcut(QKeySequence(QKeySequence::Forward));
     cmdCopier_->setIcon(icon("copy"));
     cmdSessionPrecedente_->setIcon(icon("backup"));
     cmdSessionPrecedente_->setCheckable(true);
@@ -107,6 +109,9 @@ void frmSauvegardetxt::retranslate() {
     const Traduction& t = context_.traduction;
     cmdPrecedent_->setText(toQt(t.Trad("Sauvegardetxt", "<<", "cmdPrecedent")));
     cmdSuivant_->setText(toQt(t.Trad("Sauvegardetxt", ">>", "cmdSuivant")));
+    // A new text takes the old one's key away.
+    cmdPrecedent_->setShortcut(QKeySequence(QKeySequence::Back));
+    cmdSuivant_->setShortcut(QKeySequence(QKeySequence::Forward));
     cmdCopier_->setText(
         toQt(t.Trad("Sauvegardetxt", "&Copier dans le presse-papier", "cmdCopier")));
     cmdFermer_->setText(toQt(t.Trad("Sauvegardetxt", "&Fermer", "cmdFermer")));
@@ -135,7 +140,9 @@ void frmSauvegardetxt::showState() {
     cmdSuivant_->setEnabled(browser_.hasNext());
     cmdCopier_->setEnabled(browser_.count() > 0);
     txtSauvegarde_->setEnabled(browser_.count() > 0);
-    txtSauvegarde_->setPlainText(toQt(browser_.text()));
+    if (const QString text = toQt(browser_.text()); text != txtSauvegarde_->toPlainText()) {
+        txtSauvegarde_->setPlainText(text);
+    }
 }
 
 void frmSauvegardetxt::cmdSessionPrecedente_Click(bool wanted) {

@@ -36,6 +36,7 @@ class frmSauvegardetxt : public QDialog {
     QPushButton* cmdCopier_;
     QPushButton* cmdFermer_;
     Connection language_;
+    Connection kept_;
 };
 
 }  // namespace quillmark

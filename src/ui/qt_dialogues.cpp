@@ -6,6 +6,7 @@
 #include <QFileInfo>
 
 #include "core/paths.h"
+#include "ui/file_pattern.h"
 #include "ui/frm_inputbox.h"
 #include "ui/frm_msgbox.h"
 #include "ui/qt_text.h"
@@ -13,24 +14,11 @@
 namespace quillmark {
 namespace {
 
-// "*.[tT][yY][pP]": some platforms' dialogs regard case.
-QString patternOf(const std::string& suffix) {
-    QString pattern = QStringLiteral("*");
-    for (const QChar c : toQt(suffix)) {
-        if (c.isLetter()) {
-            pattern += QLatin1Char('[') + c.toLower() + c.toUpper() + QLatin1Char(']');
-        } else {
-            pattern += c;
-        }
-    }
-    return pattern;
-}
-
 // The description stands as it is; the pattern behind it is hidden by the dialog.
 QString filterOf(const FileFilter& filter) {
     QStringList patterns;
     for (const std::string& suffix : filter.suffixes) {
-        patterns << patternOf(suffix);
+        patterns << filePattern(toQt(suffix));
     }
     return toQt(filter.description) + QStringLiteral(" (") + patterns.join(QLatin1Char(' ')) +
            QLatin1Char(')');
@@ -84,7 +72,9 @@ std::optional<std::string> QtDialogues::chooseFileToSave(const std::string& titr
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters({filterOf(filter)});
-    dialog.selectFile(QDir(folder_).filePath(toQt(proposedName)));
+    if (!proposedName.empty()) {
+        dialog.selectFile(QDir(folder_).filePath(toQt(proposedName)));
+    }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }

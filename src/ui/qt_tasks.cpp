@@ -1,5 +1,6 @@
 #include "ui/qt_tasks.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
@@ -210,8 +211,16 @@ bool QtTasks::settle(std::chrono::milliseconds limit) {
             running.reporter->cancel();
         }
     }
+    running_.clear();  // nobody hears of their end any more
+    const auto end = std::chrono::steady_clock::now() + limit;
     std::unique_lock lock(shared_->mutex);
-    shared_->changed.wait_for(lock, limit, [this] { return shared_->mustEnd == 0; });
+    // What ended behind may ask for more, such as a text that was made for one that is to be kept.
+    while (shared_->changed.wait_until(lock, end, [this] { return shared_->mustEnd == 0; }) &&
+           !behind_.empty() && std::chrono::steady_clock::now() < end) {
+        lock.unlock();
+        QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
+        lock.lock();
+    }
     return shared_->changed.wait_for(lock, kLastStep, [this] { return shared_->threads == 0; });
 }
 

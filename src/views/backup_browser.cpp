@@ -36,14 +36,33 @@ std::string BackupBrowser::text() const {
 
 void BackupBrowser::cmdPrecedent_Click() {
     if (hasPrevious()) {
-        --position_;
+        moveTo(position_ - 1);
     }
 }
 
 void BackupBrowser::cmdSuivant_Click() {
     if (hasNext()) {
-        ++position_;
+        moveTo(position_ + 1);
     }
+}
+
+void BackupBrowser::moveTo(std::size_t position) {
+    position_ = position;
+    if (!earlierRun_ && count() > 0) {
+        number_ = backups_.number(position_);
+    }
+}
+
+void BackupBrowser::refresh() {
+    if (earlierRun_ || backups_.count() == 0) {
+        return;
+    }
+    if (!number_) {
+        showThisRun();
+        return;
+    }
+    const std::size_t first = backups_.number(0);
+    moveTo(*number_ > first ? *number_ - first : 0);
 }
 
 void BackupBrowser::showEarlierRun(const std::filesystem::path& file,
@@ -51,13 +70,14 @@ void BackupBrowser::showEarlierRun(const std::filesystem::path& file,
     earlierRun_ = true;
     file_ = file;
     places_ = std::move(places);
-    position_ = places_.empty() ? 0 : places_.size() - 1;
+    moveTo(places_.empty() ? 0 : places_.size() - 1);
 }
 
 void BackupBrowser::showThisRun() {
     earlierRun_ = false;
     places_.clear();
-    position_ = backups_.count() == 0 ? 0 : backups_.count() - 1;
+    number_.reset();
+    moveTo(backups_.count() == 0 ? 0 : backups_.count() - 1);
 }
 
 }  // namespace quillmark

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -32,13 +33,18 @@ class BackupBrowser {
     // The texts that were found in the file of the earlier run, newest first to be seen.
     void showEarlierRun(const std::filesystem::path& file, std::vector<BackupPlace> places);
     void showThisRun();
+    // Texts were kept meanwhile: stays on the one that is shown as long as it is there.
+    void refresh();
 
   private:
+    void moveTo(std::size_t position);
+
     const TextBackups& backups_;
     bool earlierRun_ = false;
     std::filesystem::path file_;
     std::vector<BackupPlace> places_;
     std::size_t position_ = 0;
+    std::optional<std::size_t> number_;  // of the element shown of this run
 };
 
 }  // namespace quillmark

@@ -75,7 +75,7 @@ TEST(Version, NotesAreReadStrictly) {
     const std::vector<std::pair<std::string, std::uint64_t>> good{
         {"0.1.0", 100},         {"0.2.0", 200},
         {"1.2.3", 10203},       {"v1.2.3", 10203},
-        {" V1.2.3\r\n", 10203}, {"0.99.99", 9999},
+        {" v1.2.3\r\n", 10203}, {"0.99.99", 9999},
         {"007.1.0", 70100},     {"4294967295.0.1", 42949672950001}};
     for (const auto& [note, sum] : good) {
         const auto version = readVersion(note);

@@ -68,7 +68,7 @@ void KilledSave::killAll(const std::string& name, const Bytes& content,
     open(file);
     session.edit({Change::What::header, {}, nullptr, {}},
                  [](Document& edited) { edited.FID = "1234"; });
-    const bool damaged = session.facts().damaged;
+    const bool damaged = !session.facts().damagedFile.empty();
     const auto saveOnce = [&] {
         dialogues.answers = answers;
         save();

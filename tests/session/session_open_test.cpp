@@ -107,11 +107,11 @@ TEST_F(SessionOpen, AnyContentOpensAndIsNeverWrittenBack) {
     writePlain(path("photo.jpg"), photo);
     EXPECT_EQ(tryOpen(path("photo.jpg")), 1);
     EXPECT_FALSE(session.facts().hasMagic);
-    EXPECT_TRUE(session.facts().damaged);
+    EXPECT_FALSE(session.facts().damagedFile.empty());
     document.FID = document.ProductCode = "1";
     dialogues.files = {std::nullopt};
     EXPECT_EQ(save(), 0);
-    EXPECT_EQ(dialogues.proposed, std::vector<std::string>{"photo.jpg"});
+    EXPECT_EQ(dialogues.proposed, std::vector<std::string>{"photo.jpg.typ"});
     EXPECT_EQ(readFile(path("photo.jpg")), photo);
 }
 
@@ -170,12 +170,13 @@ TEST_F(SessionOpen, ClosePutsAFreshDocumentInPlace) {
                   "[_id]\nCodePage=1251\n[end]\n[_comments]\nnote\n[end]\nfaulty\n"
                   "[_polygon]\nType=0xzz\n[end]\n"));
     EXPECT_EQ(document.Commentaire, "note");
-    EXPECT_TRUE(session.facts().damaged);
+    EXPECT_FALSE(session.facts().damagedFile.empty());
     EXPECT_EQ(close(), 1);
     Document fresh;
     fresh.CodePage = 1251;
     EXPECT_EQ(document, fresh) << "only the code page is kept";
-    EXPECT_FALSE(session.facts().hasDocument || session.changed() || session.facts().damaged);
+    EXPECT_FALSE(session.facts().hasDocument || session.changed() ||
+                 !session.facts().damagedFile.empty());
     EXPECT_TRUE(session.facts().FichierTYP.empty());
     EXPECT_TRUE(session.journal().entries().empty());
     EXPECT_EQ(pane.typed, "");

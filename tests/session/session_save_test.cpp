@@ -40,9 +40,9 @@ TEST_F(SessionSave, TheEndingOfTheFileDecides) {
         bool asksForName;
         const char* proposed;
     };
-    for (const Case& c :
-         {Case{"a.typ", false, ""}, Case{"b.TYP", false, ""}, Case{"c", true, "c"},
-          Case{"d.bak", true, "d.bak"}, Case{"e.typ", true, "e"}, Case{"f.TXT", false, ""}}) {
+    for (const Case& c : {Case{"a.typ", false, ""}, Case{"b.TYP", false, ""},
+                          Case{"c", true, "c.typ"}, Case{"d.bak", true, "d.bak.typ"},
+                          Case{"e.typ", true, "e.typ"}, Case{"f.TXT", false, ""}}) {
         SCOPED_TRACE(c.name);
         const bool text = c.name == std::string("f.TXT");
         const auto file = text ? plainText(c.name) : typFile(c.name);
@@ -92,7 +92,7 @@ TEST_F(SessionSave, ADamagedFileIsAskedAboutAndKept) {
     const auto reopen = [&] {
         writePlain(path("a.typ"), cut);
         open(path("a.typ"));
-        ASSERT_TRUE(session.facts().damaged);
+        ASSERT_FALSE(session.facts().damagedFile.empty());
     };
     reopen();
     dialogues.answers = {Answer::no};
@@ -112,6 +112,9 @@ TEST_F(SessionSave, ADamagedFileIsAskedAboutAndKept) {
     const std::size_t asked = dialogues.shown.size();
     EXPECT_EQ(saveAsTyp("b"), 1);
     EXPECT_EQ(dialogues.shown.size(), asked) << "another file loses nothing";
+    dialogues.answers = {Answer::yes, Answer::no};
+    EXPECT_EQ(saveAsTyp("a.typ"), 0) << "it isn't saved by having a copy of its rest";
+    EXPECT_EQ(lastMessage(), kDamaged);
 
     reopen();
     std::filesystem::create_symlink(path("a.typ"), path("link.typ"));

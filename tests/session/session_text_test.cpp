@@ -248,6 +248,17 @@ TEST_F(SessionText, SelectingInTheWholeTextOnlyMarks) {
     EXPECT_TRUE(dialogues.shown.empty());
 }
 
+TEST_F(SessionText, ADeleteFollowsTheObjectThroughTheApplyBeforeIt) {
+    const std::string kept = document.Polygone.at(0).Type;
+    pane.replace("[_polygon]",
+                 "[_polygon]\r\nType=0x03\r\nXpm=\"0 0 1 0\"\r\n\"1 c #112233\""
+                 "\r\n[end]\r\n\r\n[_polygon]");
+    dialogues.answers = {Answer::yes, Answer::yes};
+    EXPECT_EQ(run([&](Session::Then t) { session.deleteObject(kForest, std::move(t)); }), 1);
+    ASSERT_EQ(document.Polygone.size(), 2U);
+    EXPECT_EQ(document.Polygone[1].Type, kept);
+}
+
 TEST_F(SessionText, IsMadeWhenItIsSeenAndWhenPreferencesChange) {
     pane.visible = false;
     const int shows = pane.shows;
@@ -330,6 +341,12 @@ TEST_F(SessionBackups, KeepEachStateOfTheWholeTextOnce) {
     const std::string whole = newest();
     session.sauvegardertexte();
     EXPECT_EQ(newest(), whole) << "also while one object is shown";
+    pane.replace("Taillis", "Bosquet");
+    session.sauvegardertexte();
+    std::string edited = whole;
+    edited.replace(edited.find("Taillis"), 7, "Bosquet");
+    EXPECT_EQ(newest(), edited) << "with what was typed for it";
+    pane.replace("Bosquet", "Taillis");
 
     const std::string blocks = file();
     std::size_t headers = 0;

@@ -105,6 +105,12 @@ TEST(QtTasks, WorkBehindKeepsItsOrderAndIsWaitedFor) {
     tasks.runBehind([&] { order.push_back(3); }, {});
     EXPECT_TRUE(tasks.settle(5s));
     EXPECT_EQ(order.back(), 3);
+    // At the end of the program there is no event loop any more that would tell of an end.
+    tasks.runBehind({[] {}}, [&](const std::exception_ptr&) {
+        tasks.runBehind([&] { order.push_back(4); }, {});
+    });
+    EXPECT_TRUE(tasks.settle(5s));
+    EXPECT_EQ(order.back(), 4);
 }
 
 }  // namespace

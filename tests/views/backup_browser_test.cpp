@@ -34,6 +34,15 @@ TEST(BackupBrowser, WalksFromTheNewestAndStopsAtTheEnds) {
     EXPECT_FALSE(browser.hasPrevious());
     browser.cmdPrecedent_Click();
     EXPECT_EQ(browser.text(), "one");
+
+    // Texts kept while it is looked at.
+    browser.cmdSuivant_Click();
+    backups.add(TextBackups::prepare("four"));
+    browser.refresh();
+    EXPECT_EQ(browser.caption(french), "Sauvegarde au format texte  ( 2/4 )");
+    EXPECT_EQ(browser.text(), "two");
+    none.refresh();
+    EXPECT_EQ(none.text(), "four");
 }
 
 TEST(BackupBrowser, ShowsTheFileOfTheEarlierRun) {
