@@ -42,28 +42,28 @@ TextBackups::Prepared TextBackups::prepare(const std::string& text) {
 }
 
 bool TextBackups::isNewest(const Prepared& text) const {
-    if (elements_.empty()) {
+    if (SauvegardesTexte_.empty()) {
         return false;
     }
-    const Prepared& newest = elements_.back();
+    const Prepared& newest = SauvegardesTexte_.back();
     return newest.hash == text.hash && newest.size == text.size &&
            newest.compressed == text.compressed;
 }
 
 std::size_t TextBackups::add(Prepared text) {
     memory_ += text.compressed.size();
-    elements_.push_back(std::move(text));
-    const std::size_t number = first_ + elements_.size() - 1;
+    SauvegardesTexte_.push_back(std::move(text));
+    const std::size_t number = first_ + SauvegardesTexte_.size() - 1;
     while (memory_ > limit_) {
-        memory_ -= elements_.front().compressed.size();
-        elements_.pop_front();
+        memory_ -= SauvegardesTexte_.front().compressed.size();
+        SauvegardesTexte_.pop_front();
         ++first_;
     }
     return number;
 }
 
 std::string TextBackups::text(std::size_t position) const {
-    const Prepared& element = elements_.at(position);
+    const Prepared& element = SauvegardesTexte_.at(position);
     std::string text(element.size, '\0');
     auto size = static_cast<uLongf>(text.size());
     if (!text.empty() &&

@@ -34,14 +34,14 @@ class TextBackups {
     // go when the list is above its limit.
     std::size_t add(Prepared text);
 
-    [[nodiscard]] std::size_t count() const noexcept { return elements_.size(); }
+    [[nodiscard]] std::size_t count() const noexcept { return SauvegardesTexte_.size(); }
     // Of `position` 0 to count() - 1, oldest first.
     [[nodiscard]] std::string text(std::size_t position) const;
     [[nodiscard]] std::size_t number(std::size_t position) const { return first_ + position; }
 
   private:
     std::size_t limit_;
-    std::deque<Prepared> elements_;
+    std::deque<Prepared> SauvegardesTexte_;
     std::size_t first_ = 0;
     std::size_t memory_ = 0;
 };

@@ -67,7 +67,7 @@ frmMain::frmMain(AppContext& context)
     connectViewCommands();
     observe();
     restoreLayout();
-    retranslate();
+    ChangerLangue();
     showState();
     showRecentFiles();
     showMiddle();
@@ -134,7 +134,7 @@ void frmMain::observe() {
     connections_.push_back(context_.current.changed.connect([this] { showState(); }));
     connections_.push_back(
         session.told.connect([this](const std::string& line) { status_->tell(line); }));
-    connections_.push_back(context_.languageChanged.connect([this] { retranslate(); }));
+    connections_.push_back(context_.languageChanged.connect([this] { ChangerLangue(); }));
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget* /*old*/, QWidget* now) { menus_.followFocus(now); });
 }
@@ -200,7 +200,7 @@ void frmMain::showMiddle() {
     }
 }
 
-void frmMain::retranslate() {
+void frmMain::ChangerLangue() {
     menus_.explain(
         "mnuMiseAJour",
         toQt(context_.traduction.Trad("Preferences", "Aucune adresse de mise à jour n'est définie.",

@@ -49,7 +49,7 @@ class frmMain : public QMainWindow {
     void restoreSplitter();
     void saveSplitter();
 
-    void retranslate();
+    void ChangerLangue();
     void showState();
     void showRecentFiles();
     void showMiddle();
