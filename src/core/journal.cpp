@@ -83,26 +83,33 @@ std::string Journal::JournalAvertissements() const {
     return composeKind(shown(JournalKind::warning));
 }
 
-JournalText composeJournal(const Journal& journal, const std::string& documentPath,
-                           const Traduction& traduction) {
+std::string lblErreurs(bool errors, const Traduction& traduction) {
+    return errors ? traduction.Trad("Erreurs", "Erreurs", "lblErreurs")
+                  : traduction.Trad("Erreurs", "Messages", "lblMessages");
+}
+
+std::string composeJournal(std::initializer_list<const Journal*> journals,
+                           const std::string& documentPath, const Traduction& traduction) {
     const std::string lineBreak(kLineBreak);
     const std::string rule(150, '-');
-    JournalText result;
-    result.label = journal.ErreurFlag() ? traduction.Trad("Erreurs", "Erreurs", "lblErreurs")
-                                        : traduction.Trad("Erreurs", "Messages", "lblMessages");
-    result.text = documentPath + lineBreak + lineBreak;
-    if (journal.ErreurFlag()) {
-        result.text +=
-            rule + lineBreak +
-            traduction.Trad("Erreurs", "Erreurs rencontrées dans le fichier", "msgErreur") +
-            lineBreak + rule + journal.JournalErreurs() + lineBreak + lineBreak;
+    std::string errors;
+    std::string warnings;
+    for (const Journal* journal : journals) {
+        errors += journal->JournalErreurs();
+        warnings += journal->JournalAvertissements();
     }
-    if (journal.AvertissementFlag()) {
-        result.text += lineBreak + rule + lineBreak +
-                       traduction.Trad("Erreurs", "Avertissements", "msgWarning") + lineBreak +
-                       rule + journal.JournalAvertissements();
+    std::string text = documentPath + lineBreak + lineBreak;
+    if (!errors.empty()) {
+        text += rule + lineBreak +
+                traduction.Trad("Erreurs", "Erreurs rencontrées dans le fichier", "msgErreur") +
+                lineBreak + rule + errors + lineBreak + lineBreak;
     }
-    return result;
+    if (!warnings.empty()) {
+        text += lineBreak + rule + lineBreak +
+                traduction.Trad("Erreurs", "Avertissements", "msgWarning") + lineBreak + rule +
+                warnings;
+    }
+    return text;
 }
 
 }  // namespace quillmark

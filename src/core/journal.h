@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -53,12 +54,11 @@ class Journal {
     int warnings_ = 0;
 };
 
-// What `frmErreur` shows: the caption of its label and its text.
-struct JournalText {
-    std::string label;
-    std::string text;
-};
-JournalText composeJournal(const Journal& journal, const std::string& documentPath,
-                           const Traduction& traduction);
+// The caption of the journal's window.
+[[nodiscard]] std::string lblErreurs(bool errors, const Traduction& traduction);
+// Its whole text: the entries of each kind, journal after journal.
+[[nodiscard]] std::string composeJournal(std::initializer_list<const Journal*> journals,
+                                         const std::string& documentPath,
+                                         const Traduction& traduction);
 
 }  // namespace quillmark

@@ -44,12 +44,6 @@ bool Session::changed() const {
     return facts_.hasDocument && (facts_.isNew || showsModified());
 }
 
-Journal Session::journal() const {
-    Journal all = openJournal_;
-    all.append(applyJournal_);
-    return all;
-}
-
 void Session::command(Then then, const std::function<void(Then)>& body) {
     if (busy_) {
         // Whoever showed what was asked for shows what stands again.

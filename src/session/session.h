@@ -84,12 +84,13 @@ class Session {
     // Edited since it was opened, made or saved: what the word in the title says.
     [[nodiscard]] bool showsModified() const;
     [[nodiscard]] bool busy() const { return busy_; }
-    // Entries of the open, then those of the last Apply.
-    [[nodiscard]] Journal journal() const;
-    // Lines of the first are those of the file, lines of the second those of the text view.
+    // Entries of the open, whose lines are those of the file, and those of the last Apply, whose
+    // lines are those of the text view.
     [[nodiscard]] const Journal& openJournal() const { return openJournal_; }
     [[nodiscard]] const Journal& applyJournal() const { return applyJournal_; }
-    // Another number whenever either is another one.
+    // The view still holds the text that the second is about.
+    [[nodiscard]] bool showsApplied() const { return showsApplied_; }
+    // Another number whenever either is another one, or the text is.
     [[nodiscard]] unsigned journalVersion() const { return journalVersion_; }
     [[nodiscard]] int errorCount() const {
         return openJournal_.errorCount() + applyJournal_.errorCount();
@@ -269,6 +270,7 @@ class Session {
     Journal openJournal_;
     Journal applyJournal_;
     unsigned journalVersion_ = 0;
+    bool showsApplied_ = false;
     std::optional<FileStamp> stamp_;
     DateTime textTime_;                  // of the open or save, for the comment lines above a text
     bool replaceEdits_ = false;          // the edits in the view are in the document by now

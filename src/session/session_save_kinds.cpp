@@ -205,15 +205,14 @@ void Session::askAndWriteText(const std::shared_ptr<ComposedText>& composed, boo
     replaceBehind(
         file, {composed, &composed->encoded.bytes},
         [this, file, utf8, then, composed](const FileStamp& stamp) {
+            // A document from text has no lines about its file.
+            view_.stale = view_.stale || sourceComments();
             facts_.OuvertEnTexte = true;
             facts_.utf8 = utf8;
             afterSave(file, stamp);
             facts_.incompleteText = composed->losses.any();
-            if (composed->shown) {
-                view_.stale = true;
-                ready_ = std::move(composed->shown);
-                refreshText();
-            }
+            ready_ = std::move(composed->shown);
+            refreshText();
             factsChanged();
             then(true);
         },

@@ -110,6 +110,9 @@ bool Session::showsWholeDocument() const {
 void Session::showText(GeneratedText generated) {
     view_.generated = std::move(generated);
     view_.stale = false;
+    if (std::exchange(showsApplied_, false)) {
+        ++journalVersion_;
+    }
     pane_->show(view_.generated.text);
 }
 
@@ -305,9 +308,7 @@ void Session::apply(const std::function<void(const Applied&)>& then) {
     ParseTarget target = view_.target();
     if (!view_.wholeDocument && !exists(document_, view_.shown)) {
         // The object is gone, or there never was one: the first section becomes a new object.
-        const bool hasSection = target.ObjetVisualise != ObjectKind::none &&
-                                target.ObjetVisualise != ObjectKind::ExtraPOI;
-        target = {hasSection ? target.ObjetVisualise : firstKind(text), -1, 0};
+        target = {firstKind(text), -1, 0};
     }
     // Compared with the text of the document as it stands, not with what was shown: a faulty Apply
     // may have changed it since.
@@ -326,7 +327,7 @@ void Session::apply(const std::function<void(const Applied&)>& then) {
             Parsed parsed;
             parsed.result = ouvrirtxt(text, std::move(document), target, &generated, traduction);
             progress.at(0.7);
-            if (whole && parsed.result.journal.entries().empty()) {
+            if (whole) {
                 parsed.generated =
                     genererTexte(parsed.result.document, context, comments ? &*comments : nullptr);
             }
@@ -351,6 +352,7 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
     applied.done = true;
     applied.entries = result.journal.entries().size();
     applyJournal_ = std::move(result.journal);
+    showsApplied_ = applied.entries > 0;
     ++journalVersion_;
     // Only a clean text gives way to what it became; a faulty one stays, for the journal's lines.
     replaceEdits_ = applied.entries == 0;
@@ -377,6 +379,15 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         factsChanged();
     }
     replaceEdits_ = false;
+    if (applied.entries > 0 && view_.stale) {
+        // The faulty text is an edit of what the document has become: taking it back in the view
+        // leads to another text than the document's, which is to be applied too.
+        view_.generated = ready_ ? std::move(*ready_) : generate(document_, view_);
+        ready_.reset();
+        view_.stale = false;
+        pane_->rebase(view_.generated.text);
+        factsChanged();
+    }
 }
 
 }  // namespace quillmark

@@ -1,10 +1,12 @@
 #include "text/parser.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/draw_order.h"
 #include "text/code_pages.h"
 #include "text/format.h"
+#include "text/labels.h"
 #include "text/parser_sections.h"
 #include "text/unchanged_sections.h"
 #include "text/view_text.h"
@@ -20,6 +22,7 @@ class Parser {
           target_(target),
           source_(text),
           unchanged_(generated, text),
+          generated_(generated != nullptr),
           context_{source_,        result_.journal,         traduction, result_.skippedLines,
                    base_.CodePage, text.size() + kPixelRoom} {
         context_.hadUnshown = unchanged_.hadUnshown();
@@ -36,7 +39,9 @@ class Parser {
             document.ListDraworder.clear();
             document.DrawOrder.clear();
             document.Commentaire.clear();
-            document.MaxDimensionPOI = 0;
+        }
+        if (generated != nullptr && isWhole()) {
+            shownComments_ = commentsIn(generated->text);
         }
     }
 
@@ -44,7 +49,13 @@ class Parser {
         while (!source_.atEnd()) {
             if (source_.line().empty()) {
                 source_.next();
-            } else if (!parseSection(source_.line())) {
+            } else if (parseSection(source_.line())) {
+                stray_ = false;
+            } else {
+                // Somebody typed this a moment ago, and it would be gone with the next text.
+                if (generated_ && !std::exchange(stray_, true)) {
+                    context_.tell(Fault::stray);
+                }
                 context_.skip();
                 source_.next();
             }
@@ -151,34 +162,58 @@ class Parser {
     }
 
     void parseComments() {
-        std::string& comment = result_.document.Commentaire;
-        while (!source_.atEnd() && !isEnd(source_.line())) {
-            if (beginsSection()) {
-                context_.tell(Fault::unexpectedEnd);
-                return;
-            }
-            if (!comment.empty()) {
-                comment += "\r\n";
-            }
-            comment += source_.line();
-            source_.next();
+        takeComments(source_, result_.document.Commentaire);
+        if (!source_.atEnd() && !isEnd(source_.line())) {
+            context_.tell(Fault::unexpectedEnd);
+            return;
         }
         leaveSection(context_);
     }
 
+    // Up to the line that ends the section, or that begins another one.
+    static void takeComments(TextSource& source, std::string& comment) {
+        while (!source.atEnd() && !isEnd(source.line()) && !beginsSection(source)) {
+            if (!comment.empty()) {
+                comment += "\r\n";
+            }
+            comment += source.line();
+            source.next();
+        }
+    }
+
+    // What the view's own text says: taking it up again must change nothing, though text doesn't
+    // hold every comment as it is.
+    static std::string commentsIn(const std::string& generated) {
+        const std::string shown = viewableText(generated);
+        TextSource source(shown);
+        while (!source.atEnd() && !beginsWith(source.line(), "[_comments]")) {
+            if (beginsWith(source.line(), "[_polygon]") || beginsWith(source.line(), "[_line]") ||
+                beginsWith(source.line(), "[_point]")) {
+                return {};
+            }
+            source.next();
+        }
+        std::string comment;
+        if (!source.atEnd()) {
+            source.next();
+            takeComments(source, comment);
+        }
+        return comment;
+    }
+
     // Free text may look like a section: one has nothing behind its name and begins with a key.
-    [[nodiscard]] bool beginsSection() const {
-        if (!isSectionName(source_.line()) || source_.line().back() != ']') {
+    [[nodiscard]] static bool beginsSection(const TextSource& source) {
+        if (!isSectionName(source.line()) || source.line().back() != ']') {
             return false;
         }
-        std::size_t next = source_.index() + 1;
-        while (next < source_.lineCount() && source_.lineAt(next).empty()) {
+        std::size_t next = source.index() + 1;
+        while (next < source.lineCount() && source.lineAt(next).empty()) {
             ++next;
         }
         constexpr std::array<std::string_view, 4> keys{"type", "productcode", "fid", "codepage"};
-        return next < source_.lineCount() &&
+        return next < source.lineCount() &&
                std::any_of(keys.begin(), keys.end(), [&](std::string_view key) {
-                   return beginsWith(source_.lineAt(next), key);
+                   return beginsWith(source.lineAt(next), key);
                });
     }
 
@@ -268,7 +303,7 @@ class Parser {
         const std::size_t count = kind == ObjectKind::Polygone   ? document.Polygone.size()
                                   : kind == ObjectKind::Polyline ? document.Polyline.size()
                                                                  : document.POI.size();
-        if (isWhole() && count >= kMaxObjects) {
+        if ((isWhole() || target_.index < 0) && count >= kMaxObjects) {
             passOver(kind);
             return;
         }
@@ -323,7 +358,12 @@ class Parser {
         replaced_ = true;
         // A member of a group has no type of its own.
         if (typeValue(poi.Type) != 0 || typeValue(poi.SubType) != 0) {
-            context_.tell(Fault::ignoredSection, firstLine);
+            std::size_t line = firstLine;
+            while (line < source_.index() && !beginsWith(source_.lineAt(line), "type") &&
+                   !beginsWith(source_.lineAt(line), "subtype")) {
+                ++line;
+            }
+            context_.tell(Fault::ignoredType, line);
         }
         poi.Type.clear();
         poi.SubType.clear();
@@ -338,23 +378,22 @@ class Parser {
         }
     }
 
-    // Takes over the old record when the section stands as it was shown. Its labels only mean the
-    // same in the same code page.
+    // Takes over the old record when the section stands as it was shown.
     bool keepUnchanged(ObjectKind kind) {
         const UnchangedSections::Match* match = unchanged_.at(source_.index());
         const ObjectKind shown = isWhole() ? kind : target_.ObjetVisualise;
-        if (match == nullptr || match->kind != shown || context_.CodePage != base_.CodePage) {
+        if (match == nullptr || match->kind != shown) {
             return false;
         }
         if (isWhole()) {
             const auto index = static_cast<std::size_t>(match->index);
             Document& document = result_.document;
             if (kind == ObjectKind::Polygone) {
-                document.Polygone.push_back(base_.Polygone.at(index));
+                document.Polygone.push_back(inCodePage(base_.Polygone.at(index)));
             } else if (kind == ObjectKind::Polyline) {
-                document.Polyline.push_back(base_.Polyline.at(index));
+                document.Polyline.push_back(inCodePage(base_.Polyline.at(index)));
             } else {
-                document.POI.push_back(base_.POI.at(index));
+                document.POI.push_back(inCodePage(base_.POI.at(index)));
             }
         }
         replaced_ = true;
@@ -363,16 +402,39 @@ class Parser {
         return true;
     }
 
+    // Labels mean the same in another code page only when they are written anew.
+    template <typename Record>
+    [[nodiscard]] Record inCodePage(Record record) {
+        const auto isAscii = [](std::uint8_t byte) { return byte < 0x80; };
+        if (context_.CodePage == base_.CodePage ||
+            std::all_of(record.Strings.begin(), record.Strings.end(), isAscii)) {
+            return record;
+        }
+        EncodedStrings encoded =
+            encodeStrings(decodeStrings(record.Strings, base_.CodePage), context_.CodePage);
+        if (!encoded.lossyLabels.empty()) {
+            context_.tell(Fault::lostCharacters);
+        }
+        record.Longueur += static_cast<std::int32_t>(encoded.Strings.size()) -
+                           static_cast<std::int32_t>(record.Strings.size());
+        record.Strings = std::move(encoded.Strings);
+        return record;
+    }
+
     void finish() {
         Document& document = result_.document;
-        if (unchanged_.hadUnshown() && document.Commentaire == viewableText(base_.Commentaire)) {
+        if (document.Commentaire == shownComments_) {
             document.Commentaire = base_.Commentaire;
+        }
+        if (generated_ && !isWhole() && !replaced_) {
+            context_.tell(Fault::noSection, 0);
         }
         if (isWhole()) {
             std::stable_partition(document.Polyline.begin(), document.Polyline.end(),
                                   [](const auto& line) { return !line.isActiveRouting(); });
             RebatirDraworder(document);
         }
+        document.MaxDimensionPOI = 0;
         for (const quillmark::POI& poi : document.POI) {
             const std::int16_t larger = std::max(poi.Largeur, poi.Hauteur);
             document.MaxDimensionPOI = std::max(document.MaxDimensionPOI, larger);
@@ -384,10 +446,13 @@ class Parser {
     ParsedText result_;
     TextSource source_;
     UnchangedSections unchanged_;
+    bool generated_ = false;  // the text is one that was shown, and edited since
     ParserContext context_;
     std::array<bool, 5> tooManyTold_{};  // by ObjectKind
-    bool replaced_ = false;              // the single object has got its section
-    std::size_t firstEntry_ = 0;         // of the journal about the section at hand
+    bool stray_ = false;                 // the line before belongs to no section
+    std::string shownComments_;
+    bool replaced_ = false;       // the single object has got its section
+    std::size_t firstEntry_ = 0;  // of the journal about the section at hand
 };
 
 }  // namespace

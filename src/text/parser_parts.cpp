@@ -61,6 +61,13 @@ std::string reasonText(Fault fault, const Traduction& traduction) {
                                    "msgTexteRepetes");
         case Fault::noType:
             return traduction.Trad("Main", "objet sans type", "msgTexteSansType");
+        case Fault::stray:
+            return traduction.Trad("Main", "hors de toute section, ignoré", "msgTexteHors");
+        case Fault::noSection:
+            return traduction.Trad("Main", "aucune section d'objet", "msgTexteSansSection");
+        case Fault::ignoredType:
+            return traduction.Trad("Main", "type ignoré: c'est celui du groupe",
+                                   "msgTexteTypeIgnore");
         case Fault::unshownCharacters:
             return traduction.Trad("Main",
                                    "caractères impossibles à afficher, remplacés dans le label",

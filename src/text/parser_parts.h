@@ -38,6 +38,9 @@ enum class Fault : std::uint8_t {
     ignoredSection,
     repeatedLabels,
     noType,
+    stray,              // lines between the sections
+    noSection,          // the text of one object holds none
+    ignoredType,        // of a member of a group
     unshownCharacters,  // that the text view had to replace
 };
 

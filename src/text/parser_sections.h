@@ -42,6 +42,12 @@ inline void leaveSection(ParserContext& context) {
 template <typename Record>
 bool handleCommonKey(ParserContext& context, std::string_view line, Record& record,
                      std::uint8_t& flags, std::uint8_t stringsBit) {
+    // Of the text view: what it can't hold stood there as another character.
+    if (context.hadUnshown &&
+        (beginsWith(line, "comment=") || beginsWith(line, "custommpcname=")) &&
+        line.find("\xEF\xBF\xBD") != std::string_view::npos) {
+        context.tell(Fault::unshownCharacters);
+    }
     if (beginsWith(line, "type=")) {
         parseType(context, record.Type, record.SubType);
     } else if (beginsWith(line, "subtype=")) {

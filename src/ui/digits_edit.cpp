@@ -12,7 +12,7 @@ bool isDigit(QChar c) {
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
-// Takes all but the digits out of what is pasted or dropped.
+// Takes all but the first digits out of what is pasted or dropped.
 class DigitsOnly : public QValidator {
   public:
     DigitsOnly(QObject* parent, const QString& allowed) : QValidator(parent), allowed_(allowed) {}
@@ -23,7 +23,7 @@ class DigitsOnly : public QValidator {
         }
         QString digits;
         int before = 0;
-        for (int i = 0; i < input.size(); ++i) {
+        for (int i = 0; i < input.size() && digits.size() < kMostDigits; ++i) {
             if (isDigit(input[i])) {
                 digits += input[i];
                 before += i < position ? 1 : 0;

@@ -18,6 +18,11 @@ void EditedRange::reset(QString original) {
     head_ = tail_ = original_.size();
 }
 
+void EditedRange::rebase(QString original) {
+    original_ = std::move(original);
+    head_ = tail_ = 0;
+}
+
 void EditedRange::changed(const QTextDocument& document, int position, int added) {
     head_ = std::min<qsizetype>(head_, position);
     tail_ = std::min(tail_, std::max<qsizetype>(0, lengthOf(document) - position - added));

@@ -11,6 +11,8 @@ class EditedRange {
   public:
     // The text as it is now, raw.
     void reset(QString original);
+    // Another text to compare with, while the document stays as it is.
+    void rebase(QString original);
     [[nodiscard]] const QString& original() const { return original_; }
     // What the document tells of a change.
     void changed(const QTextDocument& document, int position, int added);

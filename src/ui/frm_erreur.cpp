@@ -129,8 +129,13 @@ frmErreur::frmErreur(QWidget* parent, AppContext& context)
                                                           : QString());
             }));
     connect(chkInverser_, &QCheckBox::toggled, this,
-            guarded("chkInverser_Click", "frmErreur",
-                    [this](bool reversed) { model_->setReversed(reversed); }));
+            guarded("chkInverser_Click", "frmErreur", [this](bool reversed) {
+                const int row = lstMessages_->currentIndex().row();
+                model_->setReversed(reversed);
+                if (row >= 0) {
+                    lstMessages_->setCurrentIndex(model_->index(model_->rowCount({}) - 1 - row, 0));
+                }
+            }));
     connect(cmdCopy_, &QPushButton::clicked, this, guarded("cmdCopy_Click", "frmErreur", [this] {
                 QGuiApplication::clipboard()->setText(toQt(list_.text()));
             }));

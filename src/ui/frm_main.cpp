@@ -6,8 +6,10 @@
 #include <QMimeData>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <chrono>
 
 #include "core/paths.h"
 #include "ui/document_card_panel.h"
@@ -27,6 +29,8 @@ namespace quillmark {
 namespace {
 
 // First widths of the three panes, in logical pixels.
+// How long a platform may take to end a session that it announced.
+constexpr std::chrono::seconds kEndOfSession(60);
 constexpr int kLeft = 330;
 constexpr int kMiddle = 640;
 constexpr int kRight = 264;
@@ -128,6 +132,11 @@ void frmMain::observe() {
                                 context_.settings.boolean(keys::kTexteAuDemarrage);
             menus_.action(asText ? "mnuTexte" : "mnuIcones").setChecked(true);
             showMiddle();
+            if (context_.session.openJournal().ErreurFlag()) {
+                // Once the document is shown, and told of.
+                QMetaObject::invokeMethod(
+                    this, [this] { openJournal(); }, Qt::QueuedConnection);
+            }
         }
         showState();
     }));
@@ -139,19 +148,20 @@ void frmMain::observe() {
             [this](QWidget* /*old*/, QWidget* now) { menus_.followFocus(now); });
 }
 
-void frmMain::restoreSplitter() {
-    const QStringList stored =
-        toQt(context_.settings.text(keys::kSeparateurs)).split(QLatin1Char(','));
+QList<int> frmMain::storedWidths() const {
     QList<int> widths;
-    for (const QString& width : stored) {
+    for (const QString& width :
+         toQt(context_.settings.text(keys::kSeparateurs)).split(QLatin1Char(','))) {
         widths << width.toInt();
     }
     const bool usable =
         widths.size() == panes_->count() &&
         std::all_of(widths.begin(), widths.end(), [](int width) { return width > 0; });
-    if (!usable) {
-        widths = {kLeft, kMiddle, kRight};
-    }
+    return usable ? widths : QList<int>{kLeft, kMiddle, kRight};
+}
+
+void frmMain::restoreSplitter() {
+    QList<int> widths = storedWidths();
     // Left and right keep their widths, whatever width the window has now.
     widths[1] = std::max(panes_->width() - widths[0] - widths[2], kNarrowestMiddle);
     panes_->setSizes(widths);
@@ -180,14 +190,14 @@ void frmMain::restoreLayout() {
 }
 
 void frmMain::saveSplitter() {
-    QStringList widths;
-    for (const int width : panes_->sizes()) {
-        widths << QString::number(width);
-    }
     // A folded pane keeps the width it had.
-    if (left_->isVisible() && right_->isVisible()) {
-        context_.settings.setText(keys::kSeparateurs, fromQt(widths.join(QLatin1Char(','))));
+    const QList<int> stored = storedWidths();
+    const QList<int> sizes = panes_->sizes();
+    QStringList widths;
+    for (int i = 0; i < panes_->count(); ++i) {
+        widths << QString::number(panes_->widget(i)->isVisible() ? sizes[i] : stored[i]);
     }
+    context_.settings.setText(keys::kSeparateurs, fromQt(widths.join(QLatin1Char(','))));
 }
 
 void frmMain::showMiddle() {
@@ -256,6 +266,11 @@ void frmMain::showRecentFiles() {
 
 void frmMain::Form_QueryUnload(const Session::Then& then) {
     context_.session.Form_QueryUnload(then);
+}
+
+void frmMain::closeUnasked() {
+    mayClose_ = true;
+    QTimer::singleShot(kEndOfSession, this, [this] { mayClose_ = false; });
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

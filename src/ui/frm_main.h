@@ -33,6 +33,8 @@ class frmMain : public QMainWindow {
     // What the platform's request to end the session and the close box share; `then(true)` once
     // the window may go.
     void Form_QueryUnload(const Session::Then& then);
+    // For the end of the user's session where nobody can be asked: holds for as long as that takes.
+    void closeUnasked();
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -46,6 +48,7 @@ class frmMain : public QMainWindow {
     void connectViewCommands();
     void observe();
     void restoreLayout();
+    [[nodiscard]] QList<int> storedWidths() const;
     void restoreSplitter();
     void saveSplitter();
 
@@ -55,6 +58,13 @@ class frmMain : public QMainWindow {
     void showMiddle();
     void showText();
 
+    // Without an event loop of its own; the window goes when it is closed.
+    template <typename Window>
+    void openModal() {
+        auto* window = new Window(this, context_);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->open();
+    }
     void openJournal();
     void openSearch();
     void openPreferences();

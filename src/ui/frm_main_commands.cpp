@@ -76,13 +76,13 @@ void frmMain::connectViewCommands() {
     };
     menus_.on("mnuMessages", [this] { openJournal(); });
     menus_.on("mnuRecherche", [this] { openSearch(); });
-    menus_.on("mnuChoixLangue", [this] { frmLangues(this, context_).exec(); });
-    menus_.on("mnusauvegardetexte", [this] { frmSauvegardetxt(this, context_).exec(); });
-    menus_.on("mnuAProposDe", [this] { frmAbout(this, context_).exec(); });
+    menus_.on("mnuChoixLangue", [this] { openModal<frmLangues>(); });
+    menus_.on("mnusauvegardetexte", [this] { openModal<frmSauvegardetxt>(); });
+    menus_.on("mnuAProposDe", [this] { openModal<frmAbout>(); });
     if (!settings.text(keys::kMajAdresse).empty()) {
-        menus_.on("mnuMiseAJour", [this] { frmUpdate(this, context_).exec(); });
+        menus_.on("mnuMiseAJour", [this] { openModal<frmUpdate>(); });
     }
-    menus_.on("cmdLabels", [this] { frmLabels(this, context_).exec(); });
+    menus_.on("cmdLabels", [this] { openModal<frmLabels>(); });
     menus_.on("mnuPreferences", [this] { openPreferences(); });
     menus_.on("mnuFiltrer", [this] {
         if (!menus_.action("mnuListesObjets").isChecked()) {

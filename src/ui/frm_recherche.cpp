@@ -45,6 +45,7 @@ frmRecherche::frmRecherche(QWidget* parent, AppContext& context, SearchedText& t
     build();
     connectControls();
     language_ = context.languageChanged.connect([this] { retranslate(); });
+    facts_ = context.session.factsChanged.connect([this] { showState(); });
     retranslate();
     showState();
 }
@@ -147,7 +148,7 @@ void frmRecherche::retranslate() {
 
 void frmRecherche::showState() {
     for (QPushButton* button : {cmdSuivant_, cmdRemplacer_, cmdRemplacerTout_}) {
-        button->setEnabled(search_.canSearch());
+        button->setEnabled(search_.canSearch() && context_.session.facts().hasDocument);
     }
 }
 

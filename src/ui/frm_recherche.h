@@ -40,6 +40,7 @@ class frmRecherche : public QDialog {
     QPushButton* cmdRemplacerTout_;
     QPushButton* cmdAnnuler_;
     Connection language_;
+    Connection facts_;
 };
 
 }  // namespace quillmark

@@ -1,6 +1,5 @@
 #include <chrono>
 #include <cstdlib>
-#include <iostream>
 #include <optional>
 
 #include "core/folders.h"
@@ -81,7 +80,7 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     Program program;
     program.context.firstStart = program.start.firstStart;
     if (const std::string note = folderNote(); !note.empty()) {
-        std::clog << note;
+        qWarning("%s", note.c_str());
     }
     const ToolkitTexts toolkitTexts(program.context);
     frmMain window(program.context);
@@ -95,7 +94,7 @@ End runWindows(Application& application, const std::filesystem::path& file) {
         [&window](const Session::Then& then) { window.Form_QueryUnload(then); },
         [&program] { program.session.backUpNow(); },
         // Not `quit`, which would ask the window again.
-        [] { QCoreApplication::exit(0); }};
+        [] { QCoreApplication::exit(0); }, [&window] { window.closeUnasked(); }};
     application.setSessionEnd(&sessionEnd);
     onEndSignals(&window, [&sessionEnd] { sessionEnd.withoutQuestion(); });
 
@@ -141,7 +140,7 @@ int run(int argc, char** argv) {
         readArguments(programArguments(argc, argv), std::filesystem::current_path(none),
                       [](const std::filesystem::path& file) {
                           std::error_code unknown;
-                          return std::filesystem::exists(file, unknown);
+                          return std::filesystem::is_regular_file(file, unknown);
                       });
     if (arguments.wish == StartArguments::Wish::version) {
         printToTerminal("Quillmark " QUILLMARK_VERSION "\n");

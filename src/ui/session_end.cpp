@@ -7,6 +7,7 @@ namespace quillmark {
 bool SessionEnd::requested(bool allowsInteraction) const {
     if (!allowsInteraction) {
         backUp();
+        closeUnasked();
         return true;
     }
     const auto agreed = std::make_shared<bool>(false);

@@ -11,6 +11,8 @@ struct SessionEnd {
     // Keeps what isn't saved.
     std::function<void()> backUp;
     std::function<void()> endProgram;
+    // The close that the platform sends next asks nothing.
+    std::function<void()> closeUnasked;
 
     // True when the platform may go on. When it may not, because of an answer or of a save that
     // isn't through, a later yes still ends the program.

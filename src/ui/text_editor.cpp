@@ -169,6 +169,10 @@ bool TextEditor::handleKey(const QKeyEvent& event) {
         zoom(-1);
     } else if (modifiers == Qt::ControlModifier && key == Qt::Key_0) {
         zoom(0);
+    } else if (!isReadOnly() && event.matches(QKeySequence::InsertLineSeparator)) {
+        // A separator within a line would look like a new one without being one.
+        textCursor().insertBlock();
+        ensureCursorVisible();
     } else if (!isReadOnly() && event.matches(QKeySequence::Undo)) {
         undo();
     } else if (!isReadOnly() && event.matches(QKeySequence::Redo)) {
@@ -179,7 +183,13 @@ bool TextEditor::handleKey(const QKeyEvent& event) {
     return true;
 }
 
+void TextEditor::mousePressEvent(QMouseEvent* event) {
+    moved_ = true;
+    QPlainTextEdit::mousePressEvent(event);
+}
+
 void TextEditor::keyPressEvent(QKeyEvent* event) {
+    moved_ = true;
     if (handleKey(*event)) {
         event->accept();
     } else {
@@ -202,6 +212,9 @@ void TextEditor::wheelEvent(QWheelEvent* event) {
 }
 
 void TextEditor::undo() {
+    if (isReadOnly()) {
+        return;  // the text is being applied, or comes in
+    }
     if (document()->isUndoAvailable()) {
         QPlainTextEdit::undo();
     } else {
@@ -210,6 +223,9 @@ void TextEditor::undo() {
 }
 
 void TextEditor::redo() {
+    if (isReadOnly()) {
+        return;
+    }
     if (document()->isRedoAvailable()) {
         QPlainTextEdit::redo();
     } else {

@@ -37,6 +37,8 @@ class TextEditor : public QPlainTextEdit {
     // cursor and scroll stay. A large text comes in steps, meanwhile `content` is the new text and
     // the view is read-only.
     void setContent(const std::string& text);
+    // Another text to be compared with; what stands there stays.
+    void rebase(const std::string& text);
     [[nodiscard]] bool isFilling() const { return filler_.isActive(); }
     void finishFilling() { filler_.finish(); }
     // Differs from what `setContent` put there, whatever the way it came to that.
@@ -79,6 +81,7 @@ class TextEditor : public QPlainTextEdit {
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -135,6 +138,7 @@ class TextEditor : public QPlainTextEdit {
     int lines_ = 0;                             // of the text that is being filled in
     std::vector<std::function<void()>> later_;  // to be done once it stands there
     // Lines to be brought into sight once there is a size.
+    bool moved_ = false;  // the user went elsewhere while the text came in
     std::optional<std::pair<int, int>> wanted_;
 };
 

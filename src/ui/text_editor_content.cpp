@@ -19,6 +19,7 @@ void TextEditor::watchChanges() {
     connect(document(), &QTextDocument::contentsChange, this,
             [this](int position, int /*removed*/, int added) { contentChanged(position, added); });
     connect(document(), &QTextDocument::contentsChanged, this, [this] { tellEdited(); });
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { moved_ = true; });
 }
 
 void TextEditor::contentChanged(int position, int added) {
@@ -58,6 +59,7 @@ void TextEditor::setContent(const std::string& text) {
     lines_ = document()->blockCount() + change.moved();
     wanted_.reset();
     later_.clear();
+    moved_ = false;
     unmark();
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
@@ -71,12 +73,19 @@ void TextEditor::setContent(const std::string& text) {
                     after.size() - tail);
 }
 
+void TextEditor::rebase(const std::string& text) {
+    range_.rebase(rawText(text));
+    tellEdited();
+}
+
 void TextEditor::filledUp() {
     document()->setUndoRedoEnabled(true);
     document()->setModified(false);
     changing_ = false;
     showReadOnly();
-    restore(kept_);
+    if (!moved_) {
+        restore(kept_);
+    }
     for (const auto& later : std::exchange(later_, {})) {
         later();
     }

@@ -164,6 +164,9 @@ void TextPanel::showState() {
     cmdvoirobjet_->setChecked(!whole);
     cmdvoirtxt_->setEnabled(open);
     cmdvoirobjet_->setEnabled(open && (!whole || context_.current.kind() != ObjectKind::none));
+    if (session.busy() && cmdAppliquerModif_->hasFocus()) {
+        editor_->setFocus();  // rather than the next control, which would get what is typed
+    }
     cmdAppliquerModif_->setEnabled(!session.busy());
     // What is typed while the text is being applied would be lost.
     editor_->setEditable(editable_ && !session.busy());
@@ -225,6 +228,11 @@ void TextPanel::markCurrent() {
     } else {
         editor_->unmark();
     }
+}
+
+void TextPanel::rebase(const std::string& text) {
+    editor_->rebase(text);
+    markCurrent();
 }
 
 void TextPanel::unmark() {

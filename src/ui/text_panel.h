@@ -39,6 +39,7 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
     [[nodiscard]] bool isShown() const override;
     void show(const std::string& text) override;
     using QWidget::show;
+    void rebase(const std::string& text) override;
     void showLines(int firstLine, int lastLine) override;
     void unmark() override;
     void setEditable(bool editable) override;

@@ -39,7 +39,7 @@ void JournalList::refresh() {
     rows_.clear();
     for (const JournalKind kind : {JournalKind::error, JournalKind::warning}) {
         add(session_.openJournal(), kind, false);
-        add(session_.applyJournal(), kind, true);
+        add(session_.applyJournal(), kind, session_.showsApplied());
     }
 }
 
@@ -62,16 +62,14 @@ void JournalList::add(const Journal& journal, JournalKind kind, bool ofView) {
 }
 
 std::string JournalList::lblErreurs() const {
-    return composed().label;
+    return quillmark::lblErreurs(session_.errorCount() > 0, traduction_);
 }
 
 std::string JournalList::text() const {
-    return session_.facts().hasDocument ? composed().text : std::string();
-}
-
-JournalText JournalList::composed() const {
-    return composeJournal(session_.journal(), utf8FromPath(session_.facts().FichierTYP),
-                          traduction_);
+    return session_.facts().hasDocument
+               ? composeJournal({&session_.openJournal(), &session_.applyJournal()},
+                                utf8FromPath(session_.facts().FichierTYP), traduction_)
+               : std::string();
 }
 
 ObjectRef JournalList::objectOf(const JournalRow& row) const {

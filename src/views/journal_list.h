@@ -14,7 +14,7 @@ struct JournalRow {
     JournalKind kind = JournalKind::error;
     std::string place;  // "Ligne 12", "0x10f/04", empty when neither is known
     std::string text;   // whole, line ends LF, without the one it begins with
-    int line = 0;       // of the text view, from 1; 0 when none, or of the file that was opened
+    int line = 0;       // of the text view, from 1; 0 when none, or of a text it doesn't hold
     ObjectKind object = ObjectKind::none;
     std::uint16_t identity = 0;
 };
@@ -36,7 +36,6 @@ class JournalList {
 
   private:
     const Session& session_;
-    [[nodiscard]] JournalText composed() const;
     void add(const Journal& journal, JournalKind kind, bool ofView);
 
     const Traduction& traduction_;

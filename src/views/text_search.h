@@ -23,7 +23,7 @@ class SearchedText {
     virtual void select(const TextRange& range) = 0;
     [[nodiscard]] virtual bool isEditable() const = 0;
     // One undo step. The ranges stand in their order and don't overlap; nothing is selected
-    // afterwards, the cursor stands behind the last text put in.
+    // afterwards, the cursor stands behind the text put in, or stays where several were.
     virtual void replace(const std::vector<TextRange>& ranges, const std::u16string& by) = 0;
 };
 

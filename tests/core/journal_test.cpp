@@ -46,10 +46,9 @@ TEST(Journal, ComposesOneTextWithErrorsBeforeWarnings) {
             if (error) {
                 journal.error("broken");
             }
-            const JournalText shown = composeJournal(journal, "/maps/a.typ", Traduction());
-            EXPECT_EQ(shown.label, error ? "Erreurs" : "Messages");
-            EXPECT_EQ(shown.text, "/maps/a.typ\r\n\r\n" + (error ? errors : std::string()) +
-                                      (warning ? warnings : std::string()));
+            EXPECT_EQ(composeJournal({&journal}, "/maps/a.typ", Traduction()),
+                      "/maps/a.typ\r\n\r\n" + (error ? errors : std::string()) +
+                          (warning ? warnings : std::string()));
         }
     }
 }

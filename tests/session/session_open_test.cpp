@@ -178,7 +178,7 @@ TEST_F(SessionOpen, ClosePutsAFreshDocumentInPlace) {
     EXPECT_FALSE(session.facts().hasDocument || session.changed() ||
                  !session.facts().damagedFile.empty());
     EXPECT_TRUE(session.facts().FichierTYP.empty());
-    EXPECT_TRUE(session.journal().entries().empty());
+    EXPECT_TRUE(session.openJournal().entries().empty());
     EXPECT_EQ(pane.typed, "");
     EXPECT_FALSE(pane.editable);
     EXPECT_EQ(close(), 1) << "nothing to ask about";

@@ -150,9 +150,8 @@ TEST_F(SessionSave, EditsInTheViewAreAppliedFirst) {
 
     // Faults are asked about, and the text stays for them.
     const Bytes before = readFile(path("a.typ"));
+    pane.replace("#107020", "#1070zz");
     for (const Answer answer : {Answer::no, Answer::yes}) {
-        pane.show(pane.shown);
-        pane.replace("#107020", "#1070zz");
         dialogues.answers = {answer};
         EXPECT_EQ(save(), answer == Answer::yes ? 1 : 0);
         EXPECT_EQ(lastMessage(),

@@ -1,4 +1,5 @@
 #include "session_fixture.h"
+#include "text/labels.h"
 
 namespace quillmark {
 namespace {
@@ -67,7 +68,7 @@ TEST_F(SessionText, AFaultyTextStaysWithItsEntriesUntilTheNextApply) {
     EXPECT_EQ(told, std::vector<std::string>{kFaultsTold});
     const int withFaults = session.errorCount();
     EXPECT_GT(withFaults, ofTheOpen + 1);
-    EXPECT_GT(session.journal().entries().back().line, 0);
+    EXPECT_GT(session.applyJournal().entries().back().line, 0);
     EXPECT_EQ(pane.typed, typed);
     EXPECT_TRUE(pane.isEdited() && session.textEdited());
     EXPECT_EQ(document.Polyline.size(), 1U) << "what could be had";
@@ -141,10 +142,12 @@ TEST_F(SessionText, OtherSectionsOfASingleObjectAreIgnoredAndTold) {
     EXPECT_EQ(members[1].Image[0].Couleurs, hex("FF 00 00"));
     EXPECT_EQ(members[1].Type + members[1].SubType, other.Type + other.SubType);
     EXPECT_EQ(document.POI.size(), 1U);
-    const Journal journal = session.journal();
+    const Journal& journal = session.applyJournal();
     EXPECT_EQ(journal.entries().size(), 3U) << "its type, and two sections";
     for (const JournalEntry& entry : journal.entries()) {
-        EXPECT_NE(entry.text.find("section ignorée"), std::string::npos) << entry.text;
+        const bool type = entry.line == 2;
+        EXPECT_NE(entry.text.find(type ? "type ignoré" : "section ignorée"), std::string::npos)
+            << entry.text;
     }
 }
 
@@ -257,6 +260,41 @@ TEST_F(SessionText, ADeleteFollowsTheObjectThroughTheApplyBeforeIt) {
     EXPECT_EQ(run([&](Session::Then t) { session.deleteObject(kForest, std::move(t)); }), 1);
     ASSERT_EQ(document.Polygone.size(), 2U);
     EXPECT_EQ(document.Polygone[1].Type, kept);
+}
+
+TEST_F(SessionText, AnotherCodePageAndCommentsLoseNothingThatTextCantHold) {
+    session.edit({}, [](Document& edited) {
+        Polygone& polygon = edited.Polygone.at(1);
+        const auto before = static_cast<std::int32_t>(polygon.Strings.size());
+        polygon.Strings = encodeStrings({{4, "For\u00EAt; 0x1"}}, 1252).Strings;
+        polygon.Longueur += static_cast<std::int32_t>(polygon.Strings.size()) - before;
+        edited.Commentaire = "a,,";
+    });
+    pane.replace("CodePage=1252", "CodePage=65001");
+    EXPECT_EQ(apply(), 1);
+    EXPECT_EQ(labelOf(document.Polygone.at(1), 65001), "For\u00EAt; 0x1");
+    EXPECT_EQ(document.Commentaire, "a,,");
+    const Document saved = document;
+    ASSERT_EQ(save(), 1);
+    open(path("a.typ"));
+    EXPECT_EQ(document.Polygone, saved.Polygone) << "lengths and bytes agree";
+}
+
+TEST_F(SessionText, WhatBelongsToNoSectionIsToldBeforeItGoes) {
+    pane.replace("[_point]", "x[_point]");
+    EXPECT_EQ(apply(), 1);
+    ASSERT_EQ(session.applyJournal().entries().size(), 1U) << "once for all its lines";
+    EXPECT_TRUE(holds("x[_point]"));
+    EXPECT_TRUE(session.showsApplied());
+    pane.replace("x[_point]", "[_point]");
+    EXPECT_EQ(apply(), 1);
+    EXPECT_EQ(document.POI.size(), 1U);
+    EXPECT_FALSE(session.showsApplied());
+
+    session.showObject(kForest);
+    pane.typed = "[_polygone]\r\nType=0x10\r\n[end]";
+    EXPECT_EQ(apply(), 1);
+    EXPECT_EQ(session.applyJournal().entries().size(), 2U) << "and that there is no section";
 }
 
 TEST_F(SessionText, IsMadeWhenItIsSeenAndWhenPreferencesChange) {

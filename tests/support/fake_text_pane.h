@@ -24,6 +24,7 @@ class FakeTextPane : public TextPane {
         shown = typed = text;
         ++shows;
     }
+    void rebase(const std::string& text) override { shown = text; }
     void showLines(int firstLine, int lastLine) override { marked = {firstLine, lastLine}; }
     void unmark() override { marked = {-1, -1}; }
     void setEditable(bool value) override { editable = value; }
