@@ -17,6 +17,7 @@ class DocumentCardPanel;
 class IconSheetPanel;
 class MainStatusBar;
 class ObjectListsPanel;
+class Preferences;
 class PreviewPanel;
 class TextPanel;
 class WelcomePage;
@@ -67,7 +68,8 @@ class frmMain : public QMainWindow {
     }
     void openJournal();
     void openSearch();
-    void openPreferences();
+    void openPreferences(const Preferences& shown);
+    void storePreferences(const Preferences& choices);
     void offerPlatformLanguage();
 
     AppContext& context_;

@@ -83,7 +83,7 @@ void frmMain::connectViewCommands() {
         menus_.on("mnuMiseAJour", [this] { openModal<frmUpdate>(); });
     }
     menus_.on("cmdLabels", [this] { openModal<frmLabels>(); });
-    menus_.on("mnuPreferences", [this] { openPreferences(); });
+    menus_.on("mnuPreferences", [this] { openPreferences(Preferences(context_.settings)); });
     menus_.on("mnuFiltrer", [this] {
         if (!menus_.action("mnuListesObjets").isChecked()) {
             menus_.action("mnuListesObjets").trigger();
@@ -131,21 +131,45 @@ void frmMain::openSearch() {
     search_->open();
 }
 
-void frmMain::openPreferences() {
-    frmPreferences window(this, context_, [this](QWidget* parent, std::int32_t colour) {
-        return chooseColour(parent, context_, colour);
+void frmMain::openPreferences(const Preferences& shown) {
+    auto* window =
+        new frmPreferences(this, context_, shown, [this](QWidget* parent, std::int32_t colour) {
+            return chooseColour(parent, context_, colour);
+        });
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    connect(window, &QDialog::accepted, this,
+            guarded("cmdOK_Click", "frmPreferences",
+                    [this, window] { storePreferences(window->choices()); }));
+    window->open();
+}
+
+// With the window closed, since edits that are applied first need the progress and its cancel.
+void frmMain::storePreferences(const Preferences& choices) {
+    Session& session = context_.session;
+    const unsigned journal = session.journalVersion();
+    choices.cmdOK_Click(session, [this, alive = QPointer(this), choices,
+                                  journal](const std::optional<Preferences::Effects>& effects) {
+        if (!alive) {
+            return;
+        }
+        if (!effects) {
+            // The choices aren't lost, but faults of the text come first.
+            if (context_.session.journalVersion() == journal) {
+                QMetaObject::invokeMethod(this,
+                                          guarded("mnuPreferences_Click", "frmMain",
+                                                  [this, choices] { openPreferences(choices); }),
+                                          Qt::QueuedConnection);
+            }
+            return;
+        }
+        if (effects->text) {
+            context_.session.settingsChanged();
+        }
+        if (effects->sheet) {
+            sheet_->readSettings();
+            lists_->readSettings();
+        }
     });
-    if (window.exec() != QDialog::Accepted) {
-        return;
-    }
-    const Preferences::Effects& effects = window.effects();
-    if (effects.text) {
-        context_.session.settingsChanged();
-    }
-    if (effects.sheet || effects.colours) {
-        sheet_->readSettings();
-        lists_->readSettings();
-    }
 }
 
 }  // namespace quillmark

@@ -9,13 +9,14 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "bitmap/colour.h"
+#include "bitmap/system_colours.h"
 #include "core/label_languages.h"
+#include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
 
@@ -32,9 +33,30 @@ Control* named(Control* control, const char* name) {
 
 QIcon swatch(std::int32_t colour) {
     QPixmap square(kSwatch, kSwatch);
-    square.fill(QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF));
+    square.fill(QColor::fromRgb(toQRgb(ResoudreCouleur(colour))));
     return QIcon(square);
 }
+
+// A check box whose long text is broken into lines: a click on the text is one on the box.
+class CaptionOfBox : public QLabel {
+  public:
+    CaptionOfBox(const QString& text, QCheckBox& box) : QLabel(text), box_(box) {
+        setWordWrap(true);
+        setBuddy(&box);
+    }
+
+  protected:
+    // Left to itself the label passes the press on, and the release never comes.
+    void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+            box_.click();
+        }
+    }
+
+  private:
+    QCheckBox& box_;
+};
 
 QLabel* captionOf(QWidget* control, const std::string& text) {
     auto* caption = new QLabel(toQt(text));
@@ -51,11 +73,9 @@ void addLanguages(QComboBox& box, const Traduction& traduction) {
 
 }  // namespace
 
-frmPreferences::frmPreferences(QWidget* parent, AppContext& context, ChooseColour chooseColour)
-    : QDialog(parent),
-      context_(context),
-      state_(context.session, context.settings),
-      chooseColour_(std::move(chooseColour)) {
+frmPreferences::frmPreferences(QWidget* parent, AppContext& context, const Preferences& shown,
+                               ChooseColour chooseColour)
+    : QDialog(parent), context_(context), state_(shown), chooseColour_(std::move(chooseColour)) {
     setObjectName(QStringLiteral("frmPreferences"));
     const Traduction& t = context.traduction;
     setWindowTitle(toQt(t.Trad("Preferences", "Préférences", "lblTitre")));
@@ -65,9 +85,9 @@ frmPreferences::frmPreferences(QWidget* parent, AppContext& context, ChooseColou
     left->addWidget(activities());
     left->addStretch();
     auto* right = new QVBoxLayout;
-    right->addWidget(editWindow());
+    // Room for all rows of languages, so that both columns end alike.
+    right->addWidget(editWindow(), 1);
     right->addWidget(formatOfPOI());
-    right->addStretch();
     auto* columns = new QHBoxLayout;
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
@@ -207,10 +227,10 @@ QGroupBox* frmPreferences::activities() {
     return frame;
 }
 
-QGroupBox* frmPreferences::formatOfPOI() {
+QWidget* frmPreferences::formatOfPOI() {
     const Traduction& t = context_.traduction;
-    // A title can't be broken into lines, so the long sentence stands inside.
-    auto* frame = named(new QGroupBox(QStringLiteral("POI")), "fraFormatPOI");
+    // The frame's own title can't be broken into lines, so the long sentence stands above it.
+    auto* frame = named(new QGroupBox, "fraFormatPOI");
     const QString sentence = toQt(t.Trad(
         "Preferences", "Format d'écriture du type des POI dans le fichier txt", "fraFormatPOI"));
     auto* caption = new QLabel(sentence);
@@ -224,19 +244,22 @@ QGroupBox* frmPreferences::formatOfPOI() {
         "Preferences", "Désactiver l'écriture des couleurs dans le texte des POI True Colors",
         "chkMasquerTextePOI"));
     chkMasquerTextePOI_->setAccessibleName(hide);
-    auto* hideCaption = new QLabel(hide);
-    hideCaption->setWordWrap(true);
-    hideCaption->setBuddy(chkMasquerTextePOI_);
+    auto* hideCaption = new CaptionOfBox(hide, *chkMasquerTextePOI_);
     auto* hiding = new QHBoxLayout;
     hiding->addWidget(chkMasquerTextePOI_, 0, Qt::AlignTop);
     hiding->addWidget(hideCaption, 1);
     auto* column = new QVBoxLayout(frame);
-    column->addWidget(caption);
     column->addWidget(optFormatPOI_[0]);
     column->addWidget(optFormatPOI_[1]);
     column->addSpacing(column->contentsMargins().top());
     column->addLayout(hiding);
-    return frame;
+    auto* titled = new QWidget;
+    auto* all = new QVBoxLayout(titled);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(2);
+    all->addWidget(caption);
+    all->addWidget(frame);
+    return titled;
 }
 
 QGroupBox* frmPreferences::update() {
@@ -263,11 +286,15 @@ void frmPreferences::showState() {
     const Traduction& t = context_.traduction;
     optOuverture_[state_.optOuvertureTexte ? 0 : 1]->setChecked(true);
     cbbLabels_->setCurrentIndex(state_.cbbLabels);
-    cbbPolice_->addItem(QFont().family() + QLatin1Char(' ') +
-                            toQt(t.Trad("Preferences", "(par défaut)", "cbbPoliceDefaut")),
-                        toQt(std::string(kOwnFont)));
+    const QString own = toQt(std::string(kOwnFont));
+    cbbPolice_->addItem(
+        own + QLatin1Char(' ') + toQt(t.Trad("Preferences", "(par défaut)", "cbbPoliceDefaut")),
+        own);
     for (const QString& family : QFontDatabase::families()) {
-        cbbPolice_->addItem(family, family);
+        // An installed font of that name isn't what the name stands for.
+        if (family != own) {
+            cbbPolice_->addItem(family, family);
+        }
     }
     const QString police = toQt(state_.cbbPolice);
     if (cbbPolice_->findData(police) < 0) {
@@ -322,12 +349,7 @@ void frmPreferences::takeState() {
 
 void frmPreferences::cmdOK_Click() {
     takeState();
-    state_.cmdOK_Click([this](const std::optional<Preferences::Effects>& effects) {
-        if (effects) {
-            effects_ = *effects;
-            accept();
-        }
-    });
+    accept();
 }
 
 }  // namespace quillmark

@@ -24,15 +24,16 @@ class frmPreferences : public QDialog {
     // A colour chosen for the one given, nothing when the user gave up.
     using ChooseColour = std::function<std::optional<std::int32_t>(QWidget*, std::int32_t)>;
 
-    frmPreferences(QWidget* parent, AppContext& context, ChooseColour chooseColour);
-    // After the window closed with OK.
-    [[nodiscard]] const Preferences::Effects& effects() const { return effects_; }
+    // OK only closes the window; `choices` are then to be stored.
+    frmPreferences(QWidget* parent, AppContext& context, const Preferences& shown,
+                   ChooseColour chooseColour);
+    [[nodiscard]] const Preferences& choices() const { return state_; }
 
   private:
     QGroupBox* mainWindow();
     QGroupBox* editWindow();
     QGroupBox* activities();
-    QGroupBox* formatOfPOI();
+    QWidget* formatOfPOI();
     QGroupBox* update();
     void showState();
     void showLanguages();
@@ -42,7 +43,6 @@ class frmPreferences : public QDialog {
 
     AppContext& context_;
     Preferences state_;
-    Preferences::Effects effects_;
     ChooseColour chooseColour_;
 
     std::array<QRadioButton*, 2> optOuverture_{};

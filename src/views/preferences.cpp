@@ -20,7 +20,7 @@ bool change(Settings& settings, const SettingKey& key, int value) {
 
 }  // namespace
 
-Preferences::Preferences(Session& session, Settings& settings)
+Preferences::Preferences(Settings& settings)
     : optOuvertureTexte(settings.boolean(keys::kTexteAuDemarrage)),
       cbbLabels(settings.number(keys::kLabels) - 1),
       cbbPolice(settings.text(keys::kPolice)),
@@ -30,7 +30,6 @@ Preferences::Preferences(Session& session, Settings& settings)
       chkUpdate(settings.boolean(keys::kMajAuto)),
       optFormatPOIDeux(settings.boolean(keys::kFormatPOI)),
       chkMasquerTextePOI(settings.boolean(keys::kMasquerTextePOI)),
-      session_(session),
       settings_(settings) {
     for (std::size_t i = 0; i < lblActiveRoutingColor.size(); ++i) {
         lblActiveRoutingColor[i] = settings.number(keys::kActiveRoutingColor[i]);
@@ -41,6 +40,7 @@ Preferences::Preferences(Session& session, Settings& settings)
         (std::to_string(lblActiveRoutingColor[kFifth]) != trimmed(stored))) {
         lblActiveRoutingColor[kFifth] = kActivity5InPreferences;
     }
+    coloursAtFirst_ = lblActiveRoutingColor;
     affiche_langue();
 }
 
@@ -63,17 +63,18 @@ bool Preferences::changesText() const {
            settings_.boolean(keys::kMasquerTextePOI) != chkMasquerTextePOI;
 }
 
-void Preferences::cmdOK_Click(std::function<void(const std::optional<Effects>&)> done) {
+void Preferences::cmdOK_Click(Session& session,
+                              std::function<void(const std::optional<Effects>&)> done) const {
     if (!changesText()) {
         done(store());
         return;
     }
-    session_.settleEdits([this, done = std::move(done)](bool settled) {
-        done(settled ? std::optional(store()) : std::nullopt);
+    session.settleEdits([choices = *this, done = std::move(done)](bool settled) {
+        done(settled ? std::optional(choices.store()) : std::nullopt);
     });
 }
 
-Preferences::Effects Preferences::store() {
+Preferences::Effects Preferences::store() const {
     Effects effects;
     effects.text = changesText();
     settings_.setBoolean(keys::kTexteAuDemarrage, optOuvertureTexte);
@@ -88,10 +89,12 @@ Preferences::Effects Preferences::store() {
         settings_.setNumber(keys::kLangueRang[i], shown && cbbLangue[i] >= 0 ? cbbLangue[i] : 1);
     }
     for (std::size_t i = 0; i < lblActiveRoutingColor.size(); ++i) {
-        effects.colours |=
-            change(settings_, keys::kActiveRoutingColor[i], lblActiveRoutingColor[i]);
+        // One that wasn't touched may be shown otherwise than it is stored.
+        if (lblActiveRoutingColor[i] != coloursAtFirst_[i]) {
+            settings_.setNumber(keys::kActiveRoutingColor[i], lblActiveRoutingColor[i]);
+            effects.sheet = true;
+        }
     }
-    effects.sheet |= effects.colours;
     settings_.setNumber(keys::kNombreLangues, cbbNombre < 0 ? 1 : cbbNombre);
     settings_.setBoolean(keys::kMajAuto, chkUpdate);
     settings_.setBoolean(keys::kFormatPOI, optFormatPOIDeux);

@@ -3,8 +3,9 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "core/settings_table.h"
 #include "session/session.h"
@@ -18,7 +19,7 @@ inline constexpr std::int32_t kActivity5InPreferences = 16712447;
 
 class Preferences {
   public:
-    explicit Preferences(Session& session, Settings& settings);
+    explicit Preferences(Settings& settings);
 
     // What the controls show, by their names.
     bool optOuvertureTexte = true;
@@ -35,24 +36,25 @@ class Preferences {
 
     // Points of the label font: whole numbers from 4 to 72, anything else counts as empty, so 8.
     [[nodiscard]] int taille() const;
-    // Shows the first `cbbNombre` rows, each with its stored language.
+    // Gives all rows their stored languages.
     void affiche_langue();
 
     struct Effects {
-        bool sheet = false;    // the icon sheet looks different
-        bool colours = false;  // colours of activities in the lists
-        bool text = false;     // the text view is to be made anew
+        bool sheet = false;  // icon sheet and lists look different
+        bool text = false;   // the text view is to be made anew
     };
-    // Stores everything; `done` gets what changed, or nothing when the user went back to edits in
-    // the text view that another form of text would replace.
-    void cmdOK_Click(std::function<void(const std::optional<Effects>&)> done);
+    // Stores what stands here, which may be gone by then: edits in the text view that another form
+    // of text would replace are applied first. `done` gets what changed, or nothing when the edits
+    // stay and nothing was stored.
+    void cmdOK_Click(Session& session,
+                     std::function<void(const std::optional<Effects>&)> done) const;
 
   private:
     [[nodiscard]] bool changesText() const;
-    Effects store();
+    [[nodiscard]] Effects store() const;
 
-    Session& session_;
     Settings& settings_;
+    std::array<std::int32_t, 6> coloursAtFirst_{};
 };
 
 }  // namespace quillmark

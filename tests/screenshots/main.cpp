@@ -131,7 +131,7 @@ void photograph(Album& album, const std::string& file, const std::string& langue
     album.take(about, "about");
     frmLabels labels(&window, program.context);
     album.take(labels, "labels");
-    frmPreferences preferences(&window, program.context, {});
+    frmPreferences preferences(&window, program.context, Preferences(program.settings), {});
     album.take(preferences, "preferences");
     for (const Couleur colour : {0x41307C, 0x00A0FF, 0x2E8B57, 0xC8C8C8, 0x0000FF}) {
         rememberColour(program.settings, colour);

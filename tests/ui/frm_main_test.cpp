@@ -2,15 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 
 #include "core/paths.h"
@@ -101,6 +107,55 @@ TEST_F(MainWindow, OpensByMenuAndByRecentFileUntilThatIsGone) {
     EXPECT_EQ(program.dialogues.shown.back().message.substr(0, 19), "Fichier introuvable");
     EXPECT_TRUE(program.session.recentFiles().paths().empty());
     EXPECT_TRUE(window.menus().menu("mnuMRU").actions().isEmpty());
+}
+
+TEST_F(MainWindow, PreferencesComeBackWithTheirChoicesWhenEditsAreToStay) {
+    program.session.ouvrir(txt);
+    auto& text = find<QPlainTextEdit>("BoxVisualisation");
+    const QString untouched = text.toPlainText();
+    text.insertPlainText(QStringLiteral("; typed\n"));
+    const auto control = [](const char* name) {
+        return QApplication::activeModalWidget()->findChild<QWidget*>(QLatin1String(name));
+    };
+    const auto press = [&](const char* name) {
+        qobject_cast<QAbstractButton*>(control(name))->click();
+    };
+    const auto hides = [&] {
+        return qobject_cast<QCheckBox*>(control("chkMasquerTextePOI"))->isChecked();
+    };
+    const auto chooseLabels = [&](int index) {
+        qobject_cast<QComboBox*>(control("cbbLabels"))->setCurrentIndex(index);
+    };
+    trigger("mnuPreferences");
+    EXPECT_FALSE(hides());
+    for (QLabel* label : QApplication::activeModalWidget()->findChildren<QLabel*>()) {
+        if (label->buddy() == control("chkMasquerTextePOI")) {
+            QTest::mouseClick(label, Qt::LeftButton);
+        }
+    }
+    chooseLabels(3);
+    // A colour given up leaves the one that stands.
+    QTimer::singleShot(0, &window,
+                       [] { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); });
+    press("lblActiveRoutingColor0");
+    program.dialogues.answers = {Answer::cancel, Answer::no};
+    press("cmdOK");
+    EXPECT_NE(text.toPlainText(), untouched);
+    EXPECT_FALSE(program.settings.boolean(keys::kMasquerTextePOI));
+    EXPECT_EQ(program.settings.number(keys::kLabels), 1);
+
+    QCoreApplication::sendPostedEvents();
+    EXPECT_TRUE(hides());
+    press("cmdOK");
+    EXPECT_EQ(text.toPlainText(), untouched);
+    EXPECT_TRUE(program.settings.boolean(keys::kMasquerTextePOI));
+    EXPECT_EQ(program.settings.number(keys::kLabels), 4);
+    EXPECT_EQ(program.settings.number(keys::kActiveRoutingColor[0]), 255);
+
+    trigger("mnuPreferences");
+    chooseLabels(0);
+    press("cmdAnnuler");
+    EXPECT_EQ(program.settings.number(keys::kLabels), 4);
 }
 
 TEST_F(MainWindow, ClosesOnlyAsTheQuestionIsAnswered) {

@@ -60,7 +60,8 @@ std::vector<NamedWindow> dialogs(AppContext& context) {
     add("frmPalette",
         std::make_unique<frmPalette>(nullptr, context, ChooserRequest{0, {}, ChooserTab::all}));
     add("frmPreferences",
-        std::make_unique<frmPreferences>(nullptr, context, frmPreferences::ChooseColour()));
+        std::make_unique<frmPreferences>(nullptr, context, Preferences(context.settings),
+                                         frmPreferences::ChooseColour()));
     add("frmSauvegardetxt", std::make_unique<frmSauvegardetxt>(nullptr, context));
     add("frmUpdate", std::make_unique<frmUpdate>(nullptr, context));
     return windows;
