@@ -55,34 +55,35 @@ void ColourChooser::TabStrip_Click(ChooserTab tab) {
 
 void ColourChooser::Carré_Click(int number) {
     if (number >= 1 && number <= kSwatches) {
-        show(couleurDuCarre(number));
+        take(couleurDuCarre(number));
     } else if (number >= kFirstNeighbour && number <= kNearestSwatch && number != kChosenSwatch) {
-        show(state_.voisines[static_cast<std::size_t>(number - kFirstNeighbour)].colour);
+        take(state_.voisines[static_cast<std::size_t>(number - kFirstNeighbour)].colour);
     }
 }
 
 void ColourChooser::recent_Click(std::size_t index) {
     if (index < recent_.size()) {
-        show(recent_[index]);
+        take(recent_[index]);
     }
 }
 
 void ColourChooser::lblCouleurInitiale_Click() {
-    show(request_.colour);
+    take(request_.colour);
 }
 
 void ColourChooser::Picture1_KeyDown(int columns, int rows) {
     if (state_.framed == 0) {
-        return show(PlusProcheCouleurGarmin(choice_.CouleurChoisie));
+        return take(PlusProcheCouleurGarmin(choice_.CouleurChoisie));
     }
     const int column = (state_.framed - 1) % kSwatchColumns + columns;
     const int next = state_.framed + columns + rows * kSwatchColumns;
     if (column >= 0 && column < kSwatchColumns && next >= 1 && next <= kSwatches) {
-        show(couleurDuCarre(next));
+        take(couleurDuCarre(next));
     }
 }
 
 void ColourChooser::Picture2_MouseDown(FieldPoint point) {
+    picPicker_End(std::nullopt);
     pointTo(hlsOfPoint(point, choice_.fieldLightness));
 }
 
@@ -91,6 +92,7 @@ void ColourChooser::Picture2_KeyDown(int columns, int rows) {
 }
 
 void ColourChooser::strip_MouseDown(int row) {
+    picPicker_End(std::nullopt);
     Hls place = choice_.place;
     place.L = lightnessOfRow(row);
     choice_.fieldLightness = fieldLightnessFor(place);
@@ -98,6 +100,7 @@ void ColourChooser::strip_MouseDown(int row) {
 }
 
 void ColourChooser::txt_Change(ChooserField field, const std::string& typed) {
+    picPicker_End(std::nullopt);
     const std::optional<Couleur> colour = choice_.fields.change(field, typed);
     if (!colour) {
         return update();
@@ -113,7 +116,7 @@ void ColourChooser::txt_LostFocus(ChooserField field) {
 
 void ColourChooser::cmdAutres_Click(std::optional<Couleur> answer) {
     if (answer) {
-        show(*answer);
+        take(*answer);
     }
 }
 
@@ -159,6 +162,11 @@ void ColourChooser::cmdAnnuler_Click() {
 }
 
 // --- Showing it ---
+
+void ColourChooser::take(Couleur colour) {
+    picPicker_End(std::nullopt);
+    show(colour);
+}
 
 void ColourChooser::show(Couleur colour) {
     choice_.fields.show(colour);

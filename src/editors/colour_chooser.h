@@ -58,7 +58,8 @@ class ColourChooser {
     // From the screen: the pixels under the pointer are shown, but only the end chooses one.
     void picPicker_Click();
     void Timer1_Timer(Couleur pixel);
-    // Nothing: the user gave up, and all is as it was before.
+    // Nothing: the user gave up, and all is as it was before. A colour chosen otherwise during the
+    // pick ends it that way first.
     void picPicker_End(std::optional<Couleur> picked);
 
     // Both end the dialog.
@@ -73,6 +74,8 @@ class ColourChooser {
         Hls place;                 // of the cross and in the strip
         float fieldLightness = 0;  // of the colour field
     };
+    // A colour that the hand chose, which ends a pick.
+    void take(Couleur colour);
     // A colour from anywhere but the fields and the colour field.
     void show(Couleur colour);
     void moveTo(const Hls& place);

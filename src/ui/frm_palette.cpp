@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "bitmap/garmin_swatches.h"
 #include "bitmap/poi_editing.h"
@@ -312,6 +313,9 @@ void frmPalette::retranslate() {
 
 void frmPalette::showState() {
     const ChooserState& state = chooser_.state();
+    if (std::exchange(picking_, state.picking) && !state.picking) {
+        screen_->giveUp();
+    }
     palette_->setVisible(state.Picture1);
     picVoisines_->setVisible(state.picVoisines);
     field_->setVisible(state.Picture2);

@@ -52,6 +52,7 @@ class frmPalette : public QDialog {
     std::unique_ptr<ScreenColour> screen_;
     std::optional<Couleur> CouleurChoisie_;
     std::optional<bool> screenWorks_;  // nothing: not known yet
+    bool picking_ = false;
 
     QTabBar* TabStrip1_;
     QWidget* palette_;  // `Picture1` and `picVoisines`

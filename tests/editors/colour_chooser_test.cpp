@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <memory>
+#include <set>
 
 #include "bitmap/garmin_swatches.h"
 #include "bitmap/poi_editing.h"
@@ -95,26 +98,31 @@ TEST_F(ColourChooserTest, TypedLevelsNeverFightTheHand) {
     const std::vector<int> fiveBits{0,   8,   16,  24,  32,  41,  49,  57,  65,  74,  82,
                                     90,  98,  106, 115, 123, 131, 139, 148, 156, 164, 172,
                                     180, 189, 197, 205, 213, 222, 230, 238, 246, 255};
+    const std::map<int, int> sixBits{{0, 0},    {1, 4},    {2, 8},    {20, 80},  {21, 85},
+                                     {31, 125}, {32, 129}, {42, 170}, {62, 250}, {63, 255}};
+    const auto type = [this](ChooserField field, int level, const std::set<int>& stable) {
+        const auto& shown = state().fields[static_cast<std::size_t>(field)];
+        chooser->txt_Change(field, std::to_string(level));
+        EXPECT_EQ(shown, std::to_string(level));
+        // A colour from elsewhere is shown whole, most levels then one lower.
+        const Couleur colour = state().colour;
+        chooser->cmdAutres_Click(colour);
+        EXPECT_EQ(shown, std::to_string(stable.count(level) != 0 ? level : level - 1));
+        return colour;
+    };
     for (const auto& [field, shift] : {std::pair{txtRed, 0}, {txtBlue, 16}}) {
         open("#000000");
-        for (std::size_t level = 1; level < fiveBits.size(); ++level) {
-            const std::string typed = std::to_string(level);
-            chooser->txt_Change(field, typed);
-            EXPECT_EQ(state().colour, fiveBits[level] << shift);
-            EXPECT_EQ(state().fields[static_cast<std::size_t>(field)], typed);
+        for (int level = 0; level <= kFiveBitsMax; ++level) {
+            EXPECT_EQ(type(field, level, {0, 31}),
+                      fiveBits[static_cast<std::size_t>(level)] << shift);
         }
     }
-    const std::vector<std::array<int, 3>> sixBits{{1, 4, 0},     {2, 8, 1},     {20, 80, 19},
-                                                  {21, 85, 21},  {31, 125, 30}, {32, 129, 31},
-                                                  {42, 170, 42}, {62, 250, 61}, {63, 255, 63}};
-    for (const auto& [level, byte, again] : sixBits) {
-        open("#000000");
-        chooser->txt_Change(txtGreen, std::to_string(level));
-        EXPECT_EQ(state().colour, byte << 8);
-        EXPECT_EQ(state().fields[1], std::to_string(level));
-        // A colour from elsewhere is shown whole.
-        chooser->cmdAutres_Click(state().colour);
-        EXPECT_EQ(state().fields[1], std::to_string(again));
+    open("#000000");
+    for (int level = 0; level <= kSixBitsMax; ++level) {
+        const Couleur colour = type(txtGreen, level, {0, 21, 42, 63});
+        if (const auto known = sixBits.find(level); known != sixBits.end()) {
+            EXPECT_EQ(colour, known->second << 8);
+        }
     }
 }
 
@@ -261,6 +269,24 @@ TEST_F(ColourChooserTest, APickShowsPixelsButChoosesOnlyAtItsEnd) {
     chooser->picPicker_Click();
     chooser->Timer1_Timer(rgb("#FFFFFF"));
     EXPECT_EQ(chooser->cmdOK_Click(), rgb("#00FF00")) << "a pick that wasn't ended chose nothing";
+
+    // A colour chosen by hand meanwhile stays.
+    const std::vector<std::function<void()>> byHand{[this] { chooser->Carré_Click(5); },
+                                                    [this] {
+                                                        chooser->Picture2_MouseDown({7, 7});
+                                                    },
+                                                    [this] { chooser->strip_MouseDown(60); },
+                                                    [this] { chooser->txt_Change(txtRed, "20"); }};
+    for (const auto& choose : byHand) {
+        open("#335577", ChooserTab::all);
+        chooser->picPicker_Click();
+        choose();
+        EXPECT_FALSE(state().picking);
+        const std::string chosen = colour();
+        EXPECT_EQ(told, std::vector{chosen});
+        chooser->picPicker_End(rgb("#FF00FF"));
+        EXPECT_EQ(colour(), chosen) << "the end of the pick comes too late";
+    }
 }
 
 TEST_F(ColourChooserTest, KeysWalkThroughThePalette) {

@@ -123,6 +123,11 @@ TEST(FrmPalette, TheScreenGivesAColourOrNothing) {
     pick.click();
     chooser.screen->ended(kBlue);
     EXPECT_EQ(chooser.told, std::vector{kBlue});
+    // So does a choice in the window.
+    pick.click();
+    QTest::mouseClick(&chooser.control("lblCouleurInitiale"), Qt::LeftButton);
+    EXPECT_FALSE(chooser.screen->ended);
+    EXPECT_EQ(chooser.told.back(), kRed);
 
     Chooser blind(false);
     EXPECT_FALSE(blind.control<QPushButton>("picPicker").isEnabled());
