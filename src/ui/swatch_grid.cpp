@@ -28,8 +28,8 @@ void drawFrame(QPainter& painter, const QRect& cell) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::white, 1));
     painter.drawRect(cell.adjusted(0, 0, -1, -1));
-    painter.setPen(QPen(Qt::black, 2));
-    painter.drawRect(cell.adjusted(-1, -1, 1, 1));
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawRect(cell.adjusted(-1, -1, 0, 0));
 }
 
 SwatchGrid::SwatchGrid(const char* objectName, Shape shape) : shape_(shape) {
