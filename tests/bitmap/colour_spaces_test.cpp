@@ -20,7 +20,18 @@ TEST(ColourSpaces, FieldsOfColoursAndColoursOfFields) {
         EXPECT_EQ((std::array{shown.hue, shown.sat, shown.lum}), row.hslFields) << row.colour;
         EXPECT_EQ(typed(shown.hue, shown.sat, shown.lum), row.typedBack) << row.colour;
     }
-    // The first rows are round numbers; with wider floats the others would be one off.
+    // With wider floats one of the three would be one off.
+    const std::vector<std::pair<std::string, std::array<int, 3>>> shown{
+        {"#002255", {143, 240, 40}},
+        {"#005522", {96, 240, 40}},
+        {"#005533", {103, 240, 40}},
+        {"#111122", {160, 79, 24}},
+        {"#111155", {160, 160, 48}}};
+    for (const auto& [colour, expected] : shown) {
+        const HlsFields fields = fieldsFromHls(hlsOf(rgb(colour)));
+        EXPECT_EQ((std::array{fields.hue, fields.sat, fields.lum}), expected) << colour;
+    }
+    // The first rows are round numbers; with wider floats the last three would be one off.
     const std::vector<std::pair<HlsFields, std::string>> colours{
         {{0, 0, 120}, "#808080"},     {{240, 240, 120}, "#FF0000"}, {{199, 240, 120}, "#F900FF"},
         {{201, 240, 120}, "#FF00F9"}, {{239, 240, 120}, "#FF0006"}, {{60, 100, 200}, "#D4E6C3"},

@@ -74,11 +74,18 @@ TEST(GarminPalette, NearestColoursAndCorners) {
 }
 
 TEST(GarminPalette, AllColoursAgreeWithTheirChecksum) {
-    const auto nearest = [](testing::Crc32& crc, Couleur colour) {
-        crc.addColour(PlusProcheCouleurGarmin(colour));
+    int greys = 0;  // but for black and white, which are levels of all channels
+    const auto nearest = [&greys](testing::Crc32& crc, Couleur colour) {
+        const Couleur found = PlusProcheCouleurGarmin(colour);
+        crc.addColour(found);
+        const bool grey = redOf(found) == greenOf(found) && greenOf(found) == blueOf(found);
+        greys += grey && found != 0 && found != 0xFFFFFF ? 1 : 0;
     };
     EXPECT_EQ(testing::checksumOfColours(17, nearest), 0x3F7DC492U);
+    EXPECT_EQ(greys, 144);
+    greys = 0;
     EXPECT_EQ(testing::checksumOfColours(1, nearest), 0xA1A745BEU);
+    EXPECT_EQ(greys, 751434);
 }
 
 TEST(GarminPalette, EachColourHasOneSwatch) {
