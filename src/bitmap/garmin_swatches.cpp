@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <span>
 
+#include "bitmap/colour_spaces.h"
 #include "bitmap/garmin_palette.h"
 #include "bitmap/system_colours.h"
 
@@ -24,21 +25,11 @@ int chroma(Couleur c) {
 int brightness(Couleur c) {
     return 299 * redOf(c) + 587 * greenOf(c) + 114 * blueOf(c);
 }
-// Six sectors of 1000, turned a little so that the reds on both sides of 0 stand together.
-int hue(Couleur c) {
-    constexpr int sector = 1000;
-    constexpr int turn = 180;
-    const int d = chroma(c);
-    const int r = redOf(c);
-    const int g = greenOf(c);
-    const int b = blueOf(c);
-    if (d == 0) {
-        return 0;
-    }
-    const int angle = r >= g && r >= b ? (g - b) * sector / d
-                      : g >= b         ? (b - r) * sector / d + 2 * sector
-                                       : (r - g) * sector / d + 4 * sector;
-    return (angle + turn + 6 * sector) % (6 * sector);
+// Turned a little, so that the reds on both sides of 0 stand together.
+float hue(Couleur c) {
+    constexpr float turn = 0.03F;
+    const float turned = hlsOf(c).H + turn;
+    return turned < 1.0F ? turned : turned - 1.0F;
 }
 
 template <typename Key>

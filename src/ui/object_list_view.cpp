@@ -7,22 +7,13 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+#include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
 #include "views/readable_colour.h"
 
 namespace quillmark {
 namespace {
-
-Couleur couleurOf(const QColor& colour) {
-    return couleurFromRgb(static_cast<std::uint8_t>(colour.red()),
-                          static_cast<std::uint8_t>(colour.green()),
-                          static_cast<std::uint8_t>(colour.blue()));
-}
-
-QColor colourOf(Couleur couleur) {
-    return {redOf(couleur), greenOf(couleur), blueOf(couleur)};
-}
 
 // Draws rows of one height that has room for a small picture of the object.
 class ObjectRowDelegate : public QStyledItemDelegate {
@@ -72,10 +63,12 @@ class ObjectRowDelegate : public QStyledItemDelegate {
             return;
         }
         const Couleur colour = colours.at(static_cast<std::size_t>(activity.toInt()));
-        const Couleur ground = couleurOf(option->palette.color(QPalette::Base));
-        option->palette.setColor(QPalette::Text, colourOf(readableOn(colour, ground)));
+        const Couleur ground = toCouleur(option->palette.color(QPalette::Base).rgb());
+        option->palette.setColor(QPalette::Text,
+                                 QColor::fromRgb(toQRgb(readableOn(colour, ground))));
         if (index.column() == 0) {
-            option->icon = square(colourOf(colour), option->decorationSize, option->palette);
+            option->icon =
+                square(QColor::fromRgb(toQRgb(colour)), option->decorationSize, option->palette);
         }
     }
 
