@@ -1,5 +1,6 @@
 #include "ui/frm_labels.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QGuiApplication>
@@ -17,15 +18,16 @@
 namespace quillmark {
 namespace {
 
-void copySelection(const QTreeWidget& list) {
-    QStringList lines;
-    for (int row = 0; row < list.topLevelItemCount(); ++row) {
-        const QTreeWidgetItem& item = *list.topLevelItem(row);
-        if (item.isSelected() || list.selectedItems().isEmpty()) {
-            lines << QStringList{item.text(0), item.text(1), item.text(2)}.join(QLatin1Char('\t'));
+// Without a selection all of them.
+void copySelection(const QTreeWidget& list, const std::vector<SpecialLabel>& labels) {
+    const bool all = list.selectedItems().isEmpty();
+    std::string text;
+    for (std::size_t row = 0; row < labels.size(); ++row) {
+        if (all || list.topLevelItem(static_cast<int>(row))->isSelected()) {
+            text += (text.empty() ? "" : "\n") + labels[row].line();
         }
     }
-    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+    QGuiApplication::clipboard()->setText(toQt(text));
 }
 
 }  // namespace
@@ -67,8 +69,15 @@ frmLabels::frmLabels(QWidget* parent, AppContext& context) : QDialog(parent) {
                                QDialogButtonBox::ActionRole);
         copy->setObjectName(QStringLiteral("cmdCopier"));
         copy->setIcon(icon("copy"));
-        connect(copy, &QPushButton::clicked, this,
-                guarded("cmdCopier_Click", "frmLabels", [list] { copySelection(*list); }));
+        const auto copyRows = guarded("cmdCopier_Click", "frmLabels",
+                                      [list, rows = labels.rows()] { copySelection(*list, rows); });
+        connect(copy, &QPushButton::clicked, this, copyRows);
+        // The list's own answer to these keys is one cell.
+        auto* keys = new QAction(list);
+        keys->setShortcut(QKeySequence::Copy);
+        keys->setShortcutContext(Qt::WidgetShortcut);
+        list->addAction(keys);
+        connect(keys, &QAction::triggered, this, copyRows);
         resize(fontMetrics().averageCharWidth() * 80, fontMetrics().lineSpacing() * 24);
     }
     auto* close = buttons->addButton(toQt(t.Trad("Erreurs", "Fermer", "cmdFermer")),

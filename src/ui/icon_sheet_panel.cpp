@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QSignalBlocker>
 #include <QSlider>
 #include <QVBoxLayout>
 
@@ -46,7 +47,6 @@ IconSheetPanel::IconSheetPanel(AppContext& context, QWidget* parent)
     sldZoomIcons_->setValue(context.settings.number(keys::kZoomIcones));
     connectControls();
     retranslate();
-    readSettings();
 }
 
 void IconSheetPanel::build() {
@@ -71,17 +71,9 @@ void IconSheetPanel::build() {
 }
 
 void IconSheetPanel::connectControls() {
-    connect(kinds_, &KindTabs::tabBarClicked, this,
+    connect(kinds_, &KindTabs::currentChanged, this,
             guarded("tabIcones_Click", kWindow, [this](int tab) {
-                if (tab < 0 || kKinds[static_cast<std::size_t>(tab)] == kind_) {
-                    return;
-                }
-                const ObjectKind kind = kKinds[static_cast<std::size_t>(tab)];
-                if (objectCount(context_.session.document(), kind) > 0) {
-                    context_.current.choose({kind, 0, 0});
-                } else {
-                    showKind(kind);
-                }
+                tabIcones_Click(kKinds.at(static_cast<std::size_t>(tab)));
             }));
     connect(sldZoomIcons_, &QSlider::valueChanged, this,
             guarded("sldZoomIcons_Change", kWindow, [this](int factor) {
@@ -118,8 +110,8 @@ void IconSheetPanel::connectControls() {
             }
             readSettings();
         }
-        stale_ = true;
         refresh();
+        followCurrent();
     }));
     connections_.push_back(context_.languageChanged.connect([this] { retranslate(); }));
 }
@@ -155,22 +147,11 @@ void IconSheetPanel::retranslate() {
     const Traduction& t = context_.traduction;
     kinds_->setAccessibleName(toQt(t.Trad("Main", "Icônes", "cmdVisualisation")));
     picAfficheTout_->setAccessibleName(kinds_->accessibleName());
-    stale_ = true;
     readSettings();
     refresh();
 }
 
-void IconSheetPanel::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    refresh();
-    followCurrent();
-}
-
 void IconSheetPanel::refresh() {
-    if (!stale_ || !isVisible()) {
-        return;
-    }
-    stale_ = false;
     const Traduction& t = context_.traduction;
     const Document& document = context_.session.document();
     const auto caption = [&](const std::string& name, ObjectKind kind) {
@@ -180,18 +161,33 @@ void IconSheetPanel::refresh() {
     caption(t.Trad("Main", "Polylignes", "tabPolylignes"), ObjectKind::Polyline);
     caption(t.Trad("Main", "POI", "tabPOI"), ObjectKind::POI);
     caption(t.Trad("Main", "Extra POI", "tabExtraPOI"), ObjectKind::ExtraPOI);
-    kinds_->setCurrentIndex(tabOf(kind_));
+    showTab();
     picAfficheTout_->refresh();
+}
+
+void IconSheetPanel::tabIcones_Click(ObjectKind kind) {
+    // A refusal tells the current object again, which leads back to its kind.
+    showKind(kind);
+    if (context_.current.kind() != kind) {
+        // None in an empty kind: commands on the object never mean one that is out of sight.
+        context_.current.choose(picAfficheTout_->sheet().objectAt(0));
+    }
 }
 
 void IconSheetPanel::showKind(ObjectKind kind) {
     kind_ = kind;
-    kinds_->setCurrentIndex(tabOf(kind));
+    showTab();
     readSettings();
+}
+
+void IconSheetPanel::showTab() {
+    const QSignalBlocker byCode(kinds_);
+    kinds_->setCurrentIndex(tabOf(kind_));
 }
 
 void IconSheetPanel::followCurrent() {
     const ObjectRef& object = context_.current.object();
+    // Without an object the sheet stays where it is.
     if (object.kind != ObjectKind::none && object.kind != kind_) {
         showKind(object.kind);
     }

@@ -28,15 +28,14 @@ class IconSheetPanel : public QWidget {
     void readSettings();
     void focusSheet();
 
-  protected:
-    void showEvent(QShowEvent* event) override;
-
   private:
     void build();
     void connectControls();
     void retranslate();
     void refresh();
+    void tabIcones_Click(ObjectKind kind);
     void showKind(ObjectKind kind);
+    void showTab();
     void followCurrent();
     void setZoom(int factor);
 
@@ -47,7 +46,6 @@ class IconSheetPanel : public QWidget {
     IconSheetView* picAfficheTout_;
     QMenu* menu_ = nullptr;
     ObjectKind kind_ = ObjectKind::Polygone;
-    bool stale_ = true;
     std::vector<Connection> connections_;
 };
 

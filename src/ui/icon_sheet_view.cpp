@@ -14,6 +14,7 @@ namespace {
 
 constexpr int kWheelStep = 120;  // eighths of a degree, as mice count a step
 constexpr int kRowsPerStep = 1;
+constexpr int kSidewaysStep = 20;  // pixels
 
 // Near the ground, yet to be seen on it in any theme.
 QColor frameTone(const QColor& ground, const QColor& text) {
@@ -25,12 +26,13 @@ QColor frameTone(const QColor& ground, const QColor& text) {
 }  // namespace
 
 IconSheetView::IconSheetView(const Document& document, const Traduction& traduction)
-    : document_(document), sheet_(document, traduction) {
+    : sheet_(document, traduction) {
     setObjectName(QStringLiteral("picAfficheTout"));
     setFocusPolicy(Qt::StrongFocus);
     setFrameShape(QFrame::NoFrame);
     viewport()->setMouseTracking(true);
     verticalScrollBar()->setSingleStep(1);
+    horizontalScrollBar()->setSingleStep(kSidewaysStep);
 }
 
 void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, Ground ground) {
@@ -53,6 +55,7 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
 void IconSheetView::refresh() {
     sheet_.refresh();
     layOut();
+    showCell(sheet_.cellOf(current_));
 }
 
 void IconSheetView::setCurrent(const ObjectRef& object) {
@@ -97,7 +100,17 @@ void IconSheetView::choose(int cell) {
     }
 }
 
+bool IconSheetView::isCurrent(int cell) const {
+    return cell >= 0 && cell == sheet_.cellOf(current_);
+}
+
 void IconSheetView::paintEvent(QPaintEvent* event) {
+    if (sheet_.options().ratio != devicePixelRatioF()) {
+        // On a screen of another scale; scroll bars can't change while painting.
+        QMetaObject::invokeMethod(
+            this, [this] { setOptions(sheet_.options(), theme_.font, theme_.picture); },
+            Qt::QueuedConnection);
+    }
     QPainter painter(viewport());
     painter.fillRect(event->rect(), theme_.ground);
     const std::int64_t top = scrolled();
@@ -109,12 +122,23 @@ void IconSheetView::paintEvent(QPaintEvent* event) {
     }
 }
 
+void IconSheetView::showEvent(QShowEvent* event) {
+    QAbstractScrollArea::showEvent(event);
+    layOut();
+    showCell(sheet_.cellOf(current_));
+}
+
 void IconSheetView::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
     layOut();
 }
 
 void IconSheetView::wheelEvent(QWheelEvent* event) {
+    const QPoint turned = event->angleDelta();
+    if (std::abs(turned.x()) > std::abs(turned.y())) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
     wheel_ += event->angleDelta().y();
     const int steps = wheel_ / kWheelStep;
     wheel_ -= steps * kWheelStep;
@@ -132,6 +156,14 @@ void IconSheetView::wheelEvent(QWheelEvent* event) {
 }
 
 void IconSheetView::keyPressEvent(QKeyEvent* event) {
+    const bool sideways = event->key() == Qt::Key_Left || event->key() == Qt::Key_Right;
+    if (sideways && horizontalScrollBar()->maximum() > 0) {
+        // One cell, wider than the view: there is nothing beside it but its own other end.
+        horizontalScrollBar()->triggerAction(event->key() == Qt::Key_Left
+                                                 ? QScrollBar::SliderSingleStepSub
+                                                 : QScrollBar::SliderSingleStepAdd);
+        return;
+    }
     const int cell = sheet_.cellOf(current_);
     const auto go = [&](SheetMove move) {
         choose(sheet_.layout().moved(cell, move, viewport()->height()));
@@ -188,8 +220,8 @@ void IconSheetView::mouseReleaseEvent(QMouseEvent* event) {
 
 void IconSheetView::mouseDoubleClickEvent(QMouseEvent* event) {
     const int cell = cellAt(event->pos());
-    if (event->button() == Qt::LeftButton && cell >= 0 && activated) {
-        activated(sheet_.objectAt(cell));
+    if (event->button() == Qt::LeftButton && isCurrent(cell) && activated) {
+        activated(current_);
     }
 }
 
@@ -198,7 +230,8 @@ void IconSheetView::contextMenuEvent(QContextMenuEvent* event) {
                                                                  : sheet_.cellOf(current_);
     if (cell >= 0) {
         choose(cell);
-        if (menuRequested) {
+        // Not when the user stayed with the object that was selected before.
+        if (isCurrent(cell) && menuRequested) {
             menuRequested(event->globalPos());
         }
     }

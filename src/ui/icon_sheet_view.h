@@ -16,7 +16,7 @@ class IconSheetView : public QAbstractScrollArea {
     [[nodiscard]] const IconSheet& sheet() const { return sheet_; }
     // The ratio, the theme and what follows from the font are the view's own.
     void setOptions(const SheetOptions& options, const QFont& font, Ground ground);
-    // After any change of the document.
+    // After any change of the document, seen or not.
     void refresh();
     // The cell of this object is framed, and brought into sight.
     void setCurrent(const ObjectRef& object);
@@ -29,6 +29,7 @@ class IconSheetView : public QAbstractScrollArea {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -43,10 +44,10 @@ class IconSheetView : public QAbstractScrollArea {
     void layOut();
     void showCell(int cell);
     void choose(int cell);
+    [[nodiscard]] bool isCurrent(int cell) const;
     [[nodiscard]] int cellAt(const QPoint& place) const;
     [[nodiscard]] std::int64_t scrolled() const;
 
-    const Document& document_;
     IconSheet sheet_;
     SheetTheme theme_;
     SheetPainter cells_;

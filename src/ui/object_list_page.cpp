@@ -64,7 +64,10 @@ void ObjectListPage::build() {
     const ListNames& names = listNames(kind_);
     auto* filter = new FilterEdit;
     filter->setAcceptDrops(false);  // files dropped there are the window's
-    filter->down = [this] { view_->setFocus(Qt::TabFocusReason); };
+    filter->down = [this] {
+        view_->setFocus(Qt::TabFocusReason);
+        view_->selectSomeRow();
+    };
     filter_ = filter;
     filter_->setObjectName(QLatin1String("txtFiltre") + QLatin1String(names.kind));
     filter_->setClearButtonEnabled(true);
@@ -75,8 +78,6 @@ void ObjectListPage::build() {
                           kind_ == ListKind::Draworder ? QStringLiteral("cmdModifierDraworder")
                                                        : QLatin1String("cmdModifier") + kind);
     remove_ = commandButton("delete", QLatin1String("cmdSupprimer") + kind);
-    create_->setVisible(kind_ != ListKind::Draworder);
-    remove_->setVisible(kind_ != ListKind::Draworder);
     view_->setObjectName(QLatin1String(names.list));
 
     auto* head = new QHBoxLayout;
@@ -86,6 +87,10 @@ void ObjectListPage::build() {
     head->addWidget(create_);
     head->addWidget(edit_);
     head->addWidget(remove_);
+    if (kind_ == ListKind::Draworder) {
+        create_->hide();
+        remove_->hide();
+    }
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addLayout(head);
@@ -121,6 +126,11 @@ void ObjectListPage::connectControls() {
 }
 
 QPixmap ObjectListPage::picture(int index) {
+    // The window may have gone to a screen of another scale.
+    ThumbnailShape shape = thumbnails_.shape();
+    if (std::exchange(shape.ratio, devicePixelRatioF()) != devicePixelRatioF()) {
+        thumbnails_.setShape(shape);
+    }
     const auto thumbnail = thumbnails_.of({objectKind(kind_), index, 0});
     const double ratio = thumbnails_.shape().ratio;
     const int side = ObjectListView::kPictureSide;

@@ -157,10 +157,31 @@ void ObjectListView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     horizontalScrollBar()->setValue(0);
 }
 
+bool ObjectListView::selectSomeRow(bool last) {
+    if (selectionMode() == NoSelection || selectionModel()->hasSelection() ||
+        rows_.rowCount() == 0) {
+        return false;
+    }
+    // With the focus a row becomes the current one that isn't selected yet.
+    const int current = std::max(0, currentIndex().row());
+    const QModelIndex row = rows_.index(last ? rows_.rowCount() - 1 : current, 0);
+    selectionModel()->setCurrentIndex(
+        row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    return true;
+}
+
 void ObjectListView::keyPressEvent(QKeyEvent* event) {
+    constexpr std::array<int, 8> kIntoRows{Qt::Key_Down,   Qt::Key_Up,       Qt::Key_Home,
+                                           Qt::Key_End,    Qt::Key_PageDown, Qt::Key_PageUp,
+                                           Qt::Key_Return, Qt::Key_Enter};
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (std::find(kIntoRows.begin(), kIntoRows.end(), event->key()) != kIntoRows.end() &&
+        selectSomeRow(event->key() == Qt::Key_End) && !enter) {
+        return;
+    }
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const std::function<void()>* asked = nullptr;
-    if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    if (plain && enter) {
         asked = &editRequested;
     } else if (plain && event->key() == Qt::Key_Insert) {
         asked = &newRequested;

@@ -31,6 +31,9 @@ class ObjectListView : public QTreeView {
     // Said in the middle of a list that the filter left nothing of.
     void setNothingFound(const QString& text);
 
+    // Where none is: the current one, or the last. True when the selection moved.
+    bool selectSomeRow(bool last = false);
+
     void keyboardSearch(const QString& typed) override;
     // Up and down only: the pictures at the left stay in sight in a narrow list.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

@@ -120,7 +120,8 @@ void ObjectListsPanel::follow(const Change& change) {
     }
     showCaptions();
     if (change.what == Change::What::replaced && change.select.kind == ObjectKind::none) {
-        for (const ListKind kind : {ListKind::Polygone, ListKind::Polyline, ListKind::POI}) {
+        for (const ListKind kind :
+             {ListKind::Polygone, ListKind::Polyline, ListKind::POI, ListKind::ExtraPOI}) {
             if (entryCount(context_.session.document(), kind) > 0) {
                 openList(kind);
                 break;

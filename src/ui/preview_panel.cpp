@@ -212,6 +212,14 @@ void PreviewPanel::showEvent(QShowEvent* event) {
     refresh();
 }
 
+void PreviewPanel::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    // Painted anew on a screen of another scale.
+    if (pane_.options.ratio != devicePixelRatioF()) {
+        refresh();
+    }
+}
+
 void PreviewPanel::refresh() {
     zoom_->setVisible(pane_.showsZoom());
     lblZoom_->setText(toQt(pane_.lblZoom(context_.traduction)));
@@ -232,8 +240,9 @@ void PreviewPanel::refresh() {
         picture.setDevicePixelRatio(pane_.options.ratio);
         QLabel& label = *panes_[night ? 1 : 0];
         label.setPixmap(picture);
-        label.setToolTip(plainTip(toQt(faultTip(
-            shown.faults, headByte(context_.session.document(), object), context_.traduction))));
+        label.setToolTip(plainTip(
+            toQt(faultTip(night ? shown.nightFaults : shown.dayFaults,
+                          headByte(context_.session.document(), object), context_.traduction))));
     }
     captions_[1]->setEnabled(shown.hasNight);
 }

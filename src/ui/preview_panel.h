@@ -29,6 +29,7 @@ class PreviewPanel : public QWidget {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void build();

@@ -107,11 +107,13 @@ int IconSheet::cellOf(const ObjectRef& object) const {
         return -1;
     }
     if (object.kind != ObjectKind::ExtraPOI) {
-        return object.index;
+        return object.index < layout_.count() ? object.index : -1;
     }
     const auto group = static_cast<std::size_t>(object.index);
-    const bool empty = document_.ExtraPOI[group].POI.empty();
-    return empty ? -1 : firstCells_[group] + object.member;
+    // Between a change of the document and `refresh` groups may stand elsewhere.
+    const bool has = group + 1 < firstCells_.size() &&
+                     object.member < firstCells_[group + 1] - firstCells_[group];
+    return has ? firstCells_[group] + object.member : -1;
 }
 
 std::vector<SheetCell> IconSheet::cells(std::int64_t top, std::int64_t height) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "views/object_pictures.h"
 #include "views/search_words.h"
 
 namespace quillmark {
@@ -11,14 +12,23 @@ std::string_view withoutZeros(std::string_view digits) {
     return digits.substr(std::min(digits.find_first_not_of('0'), digits.size()));
 }
 
+std::string_view withoutPrefix(std::string_view typed) {
+    return typed.substr(typed.starts_with("0x") ? 2 : 0);
+}
+
 // A type may be typed with or without its leading zeros.
-bool beginsLike(const RowNumber& number, std::string_view typed) {
-    const std::string digits = number.type + number.subtype;
-    return !number.type.empty() &&
+bool beginsLike(std::string_view digits, std::string_view typed) {
+    return !digits.empty() &&
            (digits.starts_with(typed) || withoutZeros(digits).starts_with(typed));
 }
 
-constexpr char kNames = '\t';  // stands between the numbers and the names of a searched text
+// Fewer digits name a type: "10" isn't the type 001 with its subtype behind it.
+constexpr std::size_t kDigitsOfType = 3;
+
+// In a searched text, in front of a number, of a short one with its subtype, and of the names.
+constexpr char kNumber = '\n';
+constexpr char kShortWhole = '\v';
+constexpr char kNames = '\t';
 
 }  // namespace
 
@@ -123,7 +133,11 @@ std::string ObjectList::tip(int index) const {
     for (const std::string& name : names(index)) {
         tip += "\n" + name;
     }
-    return tip;
+    const ObjectRef object{objectKind(kind_), index, 0};
+    const ObjectPictures pictures = afficheObjet(sources_.document, object, false);
+    const std::string faults = faultTip(pictures.day.faults | pictures.night.faults,
+                                        headByte(sources_.document, object), sources_.traduction);
+    return faults.empty() ? tip : tip + "\n" + faults;
 }
 
 int ObjectList::activity(int index) const {
@@ -132,15 +146,15 @@ int ObjectList::activity(int index) const {
                : -1;
 }
 
-// Each number behind a line end, with and without "0x" and leading zeros; then the names.
 const std::string& ObjectList::searched(int index) const {
     std::string& searched = searched_[static_cast<std::size_t>(index)];
     if (searched.empty()) {
         const RowNumber number = rowNumber(sources_.document, kind_, index);
         const std::string digits = number.type + number.subtype;
-        const std::string_view shortened = withoutZeros(digits);
-        searched.append("\n").append(digits).append("\n").append(shortened);
-        searched.append("\n0x").append(digits).append("\n0x").append(shortened) += kNames;
+        (searched += kNumber) += digits;
+        (searched += kNumber) += withoutZeros(number.type);
+        (searched += kShortWhole) += withoutZeros(digits);
+        searched += kNames;
         for (const std::string& name : names(index)) {
             searched.append(foldedForSearch(name)) += '\n';
         }
@@ -151,9 +165,14 @@ const std::string& ObjectList::searched(int index) const {
 bool ObjectList::matches(int index) const {
     const std::string& searched = this->searched(index);
     const std::size_t names = searched.find(kNames);
+    const auto numbered = [&](char mark, std::string_view typed) {
+        return std::string_view(searched).substr(0, names).find(mark + std::string(typed)) !=
+               std::string_view::npos;
+    };
     return std::all_of(words_.begin(), words_.end(), [&](const std::string& word) {
-        return std::string_view(searched).substr(0, names).find("\n" + word) !=
-                   std::string_view::npos ||
+        const std::string_view typed = withoutPrefix(word);
+        return numbered(kNumber, typed) ||
+               (typed.size() > kDigitsOfType && numbered(kShortWhole, typed)) ||
                searched.find(word, names) != std::string::npos;
     });
 }
@@ -174,11 +193,16 @@ int ObjectList::typeAhead(std::string_view typed, int from) const {
         }
         return -1;
     };
-    const std::string_view digits =
-        std::string_view(folded).substr(folded.starts_with("0x") ? 2 : 0);
-    const int byNumber = firstRow(
-        [&](int index) { return beginsLike(rowNumber(sources_.document, kind_, index), digits); });
-    return byNumber >= 0 ? byNumber : firstRow([&](int index) {
+    const std::string_view digits = withoutPrefix(folded);
+    const auto numberOf = [this](int index) { return rowNumber(sources_.document, kind_, index); };
+    int row = firstRow([&](int index) { return beginsLike(numberOf(index).type, digits); });
+    if (row < 0 && digits.size() > kDigitsOfType) {
+        row = firstRow([&](int index) {
+            const RowNumber number = numberOf(index);
+            return beginsLike(number.type + number.subtype, digits);
+        });
+    }
+    return row >= 0 ? row : firstRow([&](int index) {
         return hasWordBeginning(foldedForSearch(name(index)), folded);
     });
 }

@@ -34,13 +34,14 @@ class ObjectList {
     // Of entries, by index.
     [[nodiscard]] std::string text(int index) const { return rowText(sources_, kind_, index); }
     [[nodiscard]] const std::string& name(int index) const;
-    // The row in full, with its activity and all its names.
+    // The row in full, with its activity, all its names and what is wrong with its pictures.
     [[nodiscard]] std::string tip(int index) const;
     // 0 to 5, -1 without.
     [[nodiscard]] int activity(int index) const;
 
     // The row that typed characters lead to, searched for from row `from` on and round the end: by
-    // the digits of its type, else by the start of a word of its name. -1 when there is none.
+    // the digits of its type, then with the subtype, else by the start of a word of its name. -1
+    // when there is none.
     [[nodiscard]] int typeAhead(std::string_view typed, int from) const;
 
   private:

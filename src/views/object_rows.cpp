@@ -5,6 +5,7 @@
 #include "core/ascii.h"
 #include "core/draw_order.h"
 #include "text/labels.h"
+#include "views/object_labels.h"
 
 namespace quillmark {
 namespace {
@@ -30,34 +31,6 @@ std::string brandText(const Document& document, int index) {
 
 std::string brandRow(const RowSources& sources, const std::string& number) {
     return sources.traduction.Trad("Icones", "Brand ID", "BrandID") + ":    " + number;
-}
-
-// Labels of a record may hold line breaks and the marks of road shields.
-std::string onOneLine(std::string text) {
-    for (char& c : text) {
-        if (static_cast<unsigned char>(c) < 0x20) {
-            c = ' ';
-        }
-    }
-    return std::string(trimmed(text));
-}
-
-const Bytes* stringsOf(const Document& document, ObjectKind kind, int index) {
-    const auto i = static_cast<std::size_t>(index);
-    switch (kind) {
-        case ObjectKind::Polygone:
-            return &document.Polygone[i].Strings;
-        case ObjectKind::Polyline:
-            return &document.Polyline[i].Strings;
-        case ObjectKind::POI:
-            return &document.POI[i].Strings;
-        case ObjectKind::ExtraPOI:
-            return document.ExtraPOI[i].POI.empty() ? nullptr
-                                                    : &document.ExtraPOI[i].POI[0].Strings;
-        case ObjectKind::none:
-            break;
-    }
-    return nullptr;
 }
 
 }  // namespace
@@ -144,7 +117,7 @@ std::vector<std::string> objectNames(const RowSources& sources, ObjectKind kind,
             names.push_back(std::move(name));
         }
     };
-    const Bytes* strings = stringsOf(sources.document, kind, index);
+    const Bytes* strings = stringsOf(sources.document, {kind, index, 0});
     std::vector<Label> labels;
     if (strings != nullptr) {
         labels = decodeStrings(*strings, sources.document.CodePage);

@@ -123,7 +123,8 @@ PreviewPane::Panes PreviewPane::maj_Aperçu() const {
     panes.day = pane(pictures, below, false);
     panes.night = pane(pictures, below, true);
     panes.hasNight = pictures.hasNight || below.hasNight;
-    panes.faults = pictures.day.faults | pictures.night.faults;
+    panes.dayFaults = pictures.day.faults;
+    panes.nightFaults = pictures.night.faults;
     return panes;
 }
 

@@ -46,8 +46,10 @@ class PreviewPane {
     struct Panes {
         Image day;
         Image night;
-        PictureFaults faults;   // of the selected object; the tip is `faultTip`
         bool hasNight = false;  // the night pane shows a picture of its own
+        // Of the selected object; the tip is `faultTip`.
+        PictureFaults dayFaults;
+        PictureFaults nightFaults;
     };
     [[nodiscard]] Panes maj_Aperçu() const;
 

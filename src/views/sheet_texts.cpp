@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "core/ascii.h"
 #include "text/code_pages.h"
 #include "text/format.h"
 #include "text/graphemes.h"
 #include "text/labels.h"
+#include "views/object_labels.h"
 #include "views/object_pictures.h"
 #include "views/object_rows.h"
 
@@ -25,34 +25,6 @@ const Polyline* lineOf(const Document& document, const ObjectRef& object) {
     return object.kind == ObjectKind::Polyline && exists(document, object)
                ? &document.Polyline[static_cast<std::size_t>(object.index)]
                : nullptr;
-}
-
-// Null for an object without labels.
-const Bytes* stringsOf(const Document& document, const ObjectRef& object) {
-    const auto when = [](bool has, const Bytes& strings) { return has ? &strings : nullptr; };
-    if (const Polygone* polygon = polygonOf(document, object)) {
-        return when((polygon->Entete & 0x10U) != 0, polygon->Strings);
-    }
-    if (const Polyline* line = lineOf(document, object)) {
-        return when((line->Entete2 & 0x01U) != 0, line->Strings);
-    }
-    if (const POI* point = pointOf(document, object)) {
-        return when((point->Entete & 0x04U) != 0, point->Strings);
-    }
-    return nullptr;
-}
-
-// Line ends and other marks within a label can't be shown on one line.
-std::string onOneLine(const std::string& text) {
-    std::string line;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<unsigned char>(text[i]);
-        const bool secondHalf = c == '\n' && i > 0 && text[i - 1] == '\r';
-        if (!secondHalf) {
-            line += c < 0x20 || c == 0x7F ? ' ' : text[i];
-        }
-    }
-    return std::string(trimmed(line));
 }
 
 std::string brandOf(const Document& document, const ObjectRef& object) {

@@ -64,6 +64,33 @@ TEST_F(ObjectListsTest, ARowThatIsChosenIsTheCurrentObjectOfAllLists) {
     EXPECT_EQ(selectedRow(list("ListExtraPOI")), -1);
 }
 
+TEST_F(ObjectListsTest, KeysLeadIntoRowsWithoutASelection) {
+    open();
+    panel.show();
+    panel.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&panel));
+    ObjectListView& polygons = list("ListPolygone");
+    const int last = polygons.model()->rowCount() - 1;
+    const std::pair<Qt::Key, int> keys[] = {
+        {Qt::Key_Down, 0}, {Qt::Key_Up, 0}, {Qt::Key_Home, 0}, {Qt::Key_End, last}};
+    for (const auto& [key, row] : keys) {
+        program.current.choose({});
+        filter("txtFiltrePolygone").setFocus();
+        polygons.setFocus(Qt::TabFocusReason);
+        ASSERT_TRUE(polygons.currentIndex().isValid()) << "as the toolkit does with the focus";
+        QTest::keyClick(&polygons, key);
+        EXPECT_EQ(selectedRow(polygons), row) << key;
+        EXPECT_EQ(program.current.object(), (ObjectRef{ObjectKind::Polygone, row, 0})) << key;
+    }
+    QTest::keyClick(&polygons, Qt::Key_Up);
+    EXPECT_EQ(selectedRow(polygons), last - 1);
+    program.current.choose({});
+    filter("txtFiltrePolygone").setFocus();
+    QTest::keyClick(&filter("txtFiltrePolygone"), Qt::Key_Down);
+    EXPECT_TRUE(polygons.hasFocus());
+    EXPECT_EQ(selectedRow(polygons), 0);
+}
+
 TEST_F(ObjectListsTest, FilteringNeverChangesTheCurrentObject) {
     open();
     program.current.choose({ObjectKind::POI, 5, 0});
@@ -133,6 +160,9 @@ TEST_F(ObjectListsTest, AnotherDocumentOpensItsFirstListWithoutTheOldFilter) {
     EXPECT_EQ(list("ListPOI").model()->rowCount(), 60);
     EXPECT_EQ(list("ListPolygone").model()->rowCount(), 0);
     EXPECT_EQ(program.current.kind(), ObjectKind::none);
+    points.pois = 0;
+    open(points);
+    EXPECT_EQ(panel.openedList(), ListKind::ExtraPOI);
 }
 
 TEST_F(ObjectListsTest, SpeakTheLanguageOfTheProgram) {

@@ -200,6 +200,11 @@ TEST(IconSheet, MembersOfExtraPoiStandGroupByGroup) {
     EXPECT_EQ(shown.sheet.tip(1), "12");
     EXPECT_EQ(shown.sheet.tip(3), "");
     EXPECT_EQ(shown.sheet.tip(-1), "");
+    shown.document.ExtraPOI.resize(40, document.ExtraPOI[2]);
+    const ObjectRef added{ObjectKind::ExtraPOI, 39, 0};
+    EXPECT_EQ(shown.sheet.cellOf(added), -1) << "not laid out yet";
+    shown.sheet.refresh();
+    EXPECT_EQ(shown.sheet.cellOf(added), 39);
 }
 
 TEST(IconSheet, LinesOfTheLabelModes) {

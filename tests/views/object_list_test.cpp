@@ -22,6 +22,8 @@ Polygone polygon(const char* Type, const char* SubType, Bytes Strings = {}) {
     Polygone polygon;
     polygon.Type = Type;
     polygon.SubType = SubType;
+    polygon.Entete = Strings.empty() ? 0x06 : 0x16;
+    polygon.Couleurs.resize(3);
     polygon.Strings = std::move(Strings);
     return polygon;
 }
@@ -79,12 +81,14 @@ TEST_F(ObjectListTest, ANameIsTheLabelOfTheLanguageElseThatOfTheTypeElseAnyLabel
                          polygon("150", "01", labels({{4, "Pen"}})), polygon("150", "02")};
     document.ListDraworder = {"Type=0x150,SubType=0x01,3", "Type=0x10f,SubType=0x04,1"};
     refreshed(polygons);
-    EXPECT_EQ(polygons.name(0), "Le  parc");
+    EXPECT_EQ(polygons.name(0), "Le parc");
     EXPECT_EQ(polygons.name(1), "Parc urbain");
     EXPECT_EQ(polygons.name(2), "Pen");
     EXPECT_EQ(polygons.name(3), "");
     EXPECT_EQ(refreshed(polygons, 4).name(0), "Park");
-    EXPECT_EQ(polygons.tip(0), "Type=0x017 - SubType=0x00\nPark\nParc urbain\nLe  parc");
+    EXPECT_EQ(polygons.tip(0), "Type=0x017 - SubType=0x00\nPark\nParc urbain\nLe parc");
+    document.Polygone[0].Entete = 0x12;
+    EXPECT_TRUE(polygons.tip(0).ends_with("\n1er octet d'en-tête : 0x12 !!!"));
 
     ObjectList order(ListKind::Draworder, sources);
     EXPECT_EQ(refreshed(order).name(0), "Pen");
@@ -119,6 +123,8 @@ TEST_F(ObjectListTest, FilterByNumberAndByAnyName) {
     EXPECT_EQ(rows("017"), (Indexes{1}));
     EXPECT_EQ(rows("17"), (Indexes{1, 4}));
     EXPECT_EQ(rows("0x10F04"), (Indexes{2}));
+    EXPECT_EQ(rows("20"), (Indexes{})) << "002/00 isn't 20";
+    EXPECT_EQ(rows("1700"), (Indexes{1, 4}));
     EXPECT_EQ(rows("10f etang"), (Indexes{3}));
     EXPECT_EQ(rows("ango"), (Indexes{4}));
     EXPECT_EQ(rows("PARC"), (Indexes{1})) << "the type's name, though another one is shown";
@@ -144,6 +150,9 @@ TEST_F(ObjectListTest, TypedCharactersLookForTheTypeFirst) {
                           Case{"bois (", 9, 3}, Case{"ois", 0, -1}, Case{"", 0, -1}}) {
         EXPECT_EQ(polygons.typeAhead(c.typed, c.from), c.row) << c.typed << " from " << c.from;
     }
+    document.Polygone = {polygon("001", "00"), polygon("010", "1f")};
+    EXPECT_EQ(refreshed(polygons).typeAhead("10", 0), 1) << "a type is no part of a longer number";
+    EXPECT_EQ(polygons.typeAhead("101f", 0), 1);
     ObjectList empty(ListKind::ExtraPOI, sources);
     EXPECT_EQ(refreshed(empty).typeAhead("1", 0), -1);
 }

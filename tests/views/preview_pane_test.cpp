@@ -286,7 +286,7 @@ TEST(PreviewPane, FaultsAndMissingObjectsLeaveTheGroundAndAMark) {
     pane.select({ObjectKind::Polygone, 0, 0});
     const PreviewPane::Panes panes = pane.maj_Aperçu();
     EXPECT_NE(placesOf(panes.day, 'L').size(), 240U * 240U);
-    EXPECT_EQ(faultTip(panes.faults, headByte(document, pane.object()), Traduction()),
+    EXPECT_EQ(faultTip(panes.nightFaults, headByte(document, pane.object()), Traduction()),
               "1er octet d'en-tête : 0x0A !!!");
 }
 
