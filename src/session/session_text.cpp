@@ -362,12 +362,11 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         // Sections that came or went in front of the selected object moved it.
         ObjectRef select = counterpart(result.document, document_, view_.shown);
         if (!view_.wholeDocument) {
-            object = {target.ObjetVisualise, target.index, target.member};
-            const int count = objectCount(document_, object.kind);
-            if (object.index < 0 && count > objectCount(result.document, object.kind)) {
-                object.index = count - 1;
-            }
-            select = object;
+            // A new activity moves a line: the undo leads back to where it stood.
+            const int place = result.index < 0 ? target.index : result.index;
+            select = {target.ObjetVisualise, place, target.member};
+            object = select;
+            object.index = target.index < 0 ? place : target.index;
         }
         undo_.record(std::move(result.document), object);
         tellChange({Change::What::content, {}, nullptr, select}, std::move(parsed.generated));

@@ -340,12 +340,14 @@ class Parser {
         result_.journal.setObject(
             firstEntry_, kind,
             static_cast<std::uint16_t>(identityValue(record.Type, record.SubType)));
-        const auto index = static_cast<std::size_t>(target_.index);
+        auto index = static_cast<std::size_t>(target_.index);
         if (isWhole() || target_.index < 0 || index >= records.size()) {
+            index = records.size();
             records.push_back(std::move(record));
         } else {
             records[index] = std::move(record);
         }
+        result_.index = isWhole() ? -1 : static_cast<int>(index);
         replaced_ = true;
     }
 
@@ -421,6 +423,20 @@ class Parser {
         return record;
     }
 
+    // Ordinary lines stand in front; the single object is found again behind it.
+    void partitionLines(std::vector<Polyline>& lines) {
+        const auto ordinary = [](const Polyline& line) { return !line.isActiveRouting(); };
+        if (result_.index >= 0) {
+            const auto place = lines.begin() + result_.index;
+            const bool front = ordinary(*place);
+            const auto before = std::count_if(lines.begin(), place, ordinary);
+            result_.index = static_cast<int>(front ? before
+                                                   : std::count_if(place, lines.end(), ordinary) +
+                                                         (place - lines.begin()));
+        }
+        std::stable_partition(lines.begin(), lines.end(), ordinary);
+    }
+
     void finish() {
         Document& document = result_.document;
         if (document.Commentaire == shownComments_) {
@@ -429,9 +445,10 @@ class Parser {
         if (generated_ && !isWhole() && !replaced_) {
             context_.tell(Fault::noSection, 0);
         }
+        if (isWhole() || target_.ObjetVisualise == ObjectKind::Polyline) {
+            partitionLines(document.Polyline);
+        }
         if (isWhole()) {
-            std::stable_partition(document.Polyline.begin(), document.Polyline.end(),
-                                  [](const auto& line) { return !line.isActiveRouting(); });
             RebatirDraworder(document);
         }
         document.MaxDimensionPOI = 0;

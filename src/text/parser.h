@@ -23,6 +23,8 @@ struct ParsedText {
     Journal journal;
     // Lines that belong to no key of the section they stand in, from 1: dropped, told nowhere.
     std::vector<int> skippedLines;
+    // Where the single object stands that the text was of; -1 where there was none.
+    int index = -1;
 };
 
 // `base` is the document the text is put into: a fresh one for a file; for an edit the document

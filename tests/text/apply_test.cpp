@@ -154,6 +154,30 @@ TEST(Apply, OneObject) {
         << "an object that is gone comes back as a new one";
 }
 
+TEST(Apply, ALineThatChangesItsActivityMovesAmongTheLines) {
+    Document document = richDocument();  // one line, of Active Routing
+    document.Polyline.insert(document.Polyline.begin(), 2, document.Polyline[0]);
+    document.Polyline[0].ActiveRouting = document.Polyline[1].ActiveRouting = {0, 0};
+    document.Polyline.push_back(document.Polyline[2]);
+    const std::string start = "[_line]\nType=0x08\nLineWidth=3\nXpm=\"0 0 1 0\"\n\"1 c #FFFFFF\"\n";
+    const std::string activity = "Activity=Hiking\n";
+    struct Case {
+        std::string text;
+        int from;
+        int to;
+    };
+    for (const Case& c :
+         {Case{start + "[end]\n", 3, 2}, Case{start + activity + "[end]\n", 0, 1},
+          Case{start + "[end]\n", 0, 0}, Case{start + activity + "[end]\n", 3, 3}}) {
+        const ParsedText parsed = parseText(c.text, document, {ObjectKind::Polyline, c.from});
+        EXPECT_EQ(parsed.index, c.to) << c.text << c.from;
+        const auto& lines = parsed.document.Polyline;
+        EXPECT_EQ(lines.at(static_cast<std::size_t>(c.to)).Type, "008");
+        EXPECT_TRUE(std::is_partitioned(lines.begin(), lines.end(),
+                                        [](const auto& l) { return !l.isActiveRouting(); }));
+    }
+}
+
 TEST(Apply, OneObjectThatNobodyEdited) {
     const Document document = richDocument();
     GeneratedText shown;
