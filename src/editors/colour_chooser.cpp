@@ -219,7 +219,7 @@ void ColourChooser::couleurs_voisines() {
     const std::string nearestTip =
         traduction_.Trad("Palette", "Couleur Garmin la plus proche", "TipProche") + " : " +
         colourText(nearest);
-    auto swatch = state_.voisines.begin();
+    auto* swatch = state_.voisines.data();
     for (const Couleur corner : couleursVoisines(state_.colour)) {
         *swatch++ = {corner, corner == nearest ? nearestTip : colourText(corner),
                      corner == nearest};
