@@ -9,6 +9,7 @@ namespace quillmark {
 namespace {
 
 constexpr int kTextRim = 2;
+constexpr int kTextFoot = 5;  // keeps what hangs below the last line clear of the frame
 constexpr int kSelectionWidth = 2;
 
 void fillGround(QPainter& painter, const QRect& area, Ground ground, bool night, int unit) {
@@ -55,7 +56,8 @@ void paintLines(QPainter& painter, const IconSheet& sheet, const SheetCell& cell
                 const QFont& font) {
     const QFontMetrics metrics(font);
     const int height = sheet.options().lineHeight;
-    QRect line(kTextRim, sheet.pictureHeight() - kTextRim, cell.frame.width - 2 * kTextRim, height);
+    QRect line(kTextRim, sheet.pictureHeight() - kTextFoot, cell.frame.width - 2 * kTextRim,
+               height);
     painter.setFont(font);
     for (const SheetLine& said : cell.lines) {
         painter.setPen(QColor(toQRgb(said.colour)));
@@ -100,8 +102,8 @@ void SheetPainter::setTheme(const SheetTheme& theme) {
     cells_.clear();
 }
 
-void SheetPainter::paint(QPainter& painter, const IconSheet& sheet, const SheetCell& cell,
-                         const QPoint& corner, bool selected) {
+void SheetPainter::afficheIcone(QPainter& painter, const IconSheet& sheet, const SheetCell& cell,
+                                const QPoint& corner, bool selected) {
     const auto kept = cells_.get(
         contentOf(sheet, cell), [&] { return painted(sheet, cell); },
         [](const PaintedCell& made) { return static_cast<std::size_t>(made.image.sizeInBytes()); });

@@ -30,8 +30,8 @@ class SheetPainter {
     void setTheme(const SheetTheme& theme);
     // A cell whose upper left corner lies at `corner`, in logical pixels of the painter. The
     // sheet's ratio has to be that of the painter's device. Cells share their frames.
-    void paint(QPainter& painter, const IconSheet& sheet, const SheetCell& cell,
-               const QPoint& corner, bool selected);
+    void afficheIcone(QPainter& painter, const IconSheet& sheet, const SheetCell& cell,
+                      const QPoint& corner, bool selected);
 
   private:
     struct PaintedCell {

@@ -103,7 +103,8 @@ Bytes sheetPng(const Document& document, const Traduction& traduction,
         band.fill(theme.ground);
         QPainter painter(&band);
         for (const SheetCell& cell : sheet.cells(top, bandSize.height())) {
-            cells.paint(painter, sheet, cell, QPoint(static_cast<int>(cell.frame.x), 0), false);
+            cells.afficheIcone(painter, sheet, cell, QPoint(static_cast<int>(cell.frame.x), 0),
+                               false);
         }
         painter.end();
         writeBand(png, band);

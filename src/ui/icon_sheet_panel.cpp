@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "bitmap/system_colours.h"
@@ -59,6 +60,7 @@ void IconSheetPanel::build() {
     kinds_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* zoom = new QHBoxLayout;
     zoom->setContentsMargins(4, 2, 4, 2);
+    zoom->setSpacing(style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing));
     zoom->addStretch();
     zoom->addWidget(lblZoom_);
     zoom->addWidget(sldZoomIcons_);
@@ -162,7 +164,7 @@ void IconSheetPanel::refresh() {
     caption(t.Trad("Main", "POI", "tabPOI"), ObjectKind::POI);
     caption(t.Trad("Main", "Extra POI", "tabExtraPOI"), ObjectKind::ExtraPOI);
     showTab();
-    picAfficheTout_->refresh();
+    picAfficheTout_->AfficheTout();
 }
 
 void IconSheetPanel::tabIcones_Click(ObjectKind kind) {

@@ -48,13 +48,13 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
     own.ground = toCouleur(theme_.ground.rgb());
     own.text = toCouleur(palette().color(QPalette::Text).rgb());
     sheet_.setOptions(own);
-    layOut();
+    Rafraichir_VisualisationBox();
     showCell(sheet_.cellOf(current_));
 }
 
-void IconSheetView::refresh() {
+void IconSheetView::AfficheTout() {
     sheet_.refresh();
-    layOut();
+    Rafraichir_VisualisationBox();
     showCell(sheet_.cellOf(current_));
 }
 
@@ -67,7 +67,7 @@ void IconSheetView::setCurrent(const ObjectRef& object) {
     viewport()->update();
 }
 
-void IconSheetView::layOut() {
+void IconSheetView::Rafraichir_VisualisationBox() {
     sheet_.setWidth(viewport()->width());
     const SheetLayout& layout = sheet_.layout();
     verticalScrollBar()->setRange(0, static_cast<int>(layout.largestValue(viewport()->height())));
@@ -118,19 +118,19 @@ void IconSheetView::paintEvent(QPaintEvent* event) {
     for (const SheetCell& cell : sheet_.cells(top + event->rect().top(), event->rect().height())) {
         const QPoint corner(static_cast<int>(cell.frame.x) - horizontalScrollBar()->value(),
                             static_cast<int>(cell.frame.y - top));
-        cells_.paint(painter, sheet_, cell, corner, cell.index == currentCell);
+        cells_.afficheIcone(painter, sheet_, cell, corner, cell.index == currentCell);
     }
 }
 
 void IconSheetView::showEvent(QShowEvent* event) {
     QAbstractScrollArea::showEvent(event);
-    layOut();
+    Rafraichir_VisualisationBox();
     showCell(sheet_.cellOf(current_));
 }
 
 void IconSheetView::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    layOut();
+    Rafraichir_VisualisationBox();
 }
 
 void IconSheetView::wheelEvent(QWheelEvent* event) {

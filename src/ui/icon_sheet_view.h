@@ -17,7 +17,7 @@ class IconSheetView : public QAbstractScrollArea {
     // The ratio, the theme and what follows from the font are the view's own.
     void setOptions(const SheetOptions& options, const QFont& font, Ground ground);
     // After any change of the document, seen or not.
-    void refresh();
+    void AfficheTout();
     // The cell of this object is framed, and brought into sight.
     void setCurrent(const ObjectRef& object);
 
@@ -41,7 +41,7 @@ class IconSheetView : public QAbstractScrollArea {
     void changeEvent(QEvent* event) override;
 
   private:
-    void layOut();
+    void Rafraichir_VisualisationBox();
     void showCell(int cell);
     void choose(int cell);
     [[nodiscard]] bool isCurrent(int cell) const;

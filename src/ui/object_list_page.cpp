@@ -149,7 +149,7 @@ QPixmap ObjectListPage::picture(int index) {
 
 void ObjectListPage::setEditors(const ObjectEditors& editors) {
     editors_ = editors;
-    showStates();
+    boutons_edition();
 }
 
 void ObjectListPage::readSettings() {
@@ -215,7 +215,7 @@ void ObjectListPage::showCurrent() {
             view_->selectionModel()->clear();
         }
     }
-    showStates();
+    boutons_edition();
 }
 
 void ObjectListPage::selectionMoved() {
@@ -232,7 +232,7 @@ void ObjectListPage::selectionMoved() {
     context_.current.choose({objectKind(kind_), index, 0});
 }
 
-void ObjectListPage::showStates() {
+void ObjectListPage::boutons_edition() {
     const bool free = context_.session.facts().hasDocument && !context_.session.busy();
     const bool own = kind_ != ListKind::Draworder && context_.current.kind() == objectKind(kind_);
     const bool hasEditor = kind_ == ListKind::Draworder ? static_cast<bool>(editors_.drawOrder)

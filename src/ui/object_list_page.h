@@ -31,7 +31,7 @@ class ObjectListPage : public QWidget {
     void readSettings();
     // Selects the row of the current object, or none.
     void showCurrent();
-    void showStates();
+    void boutons_edition();
 
     [[nodiscard]] QLineEdit& filter() { return *filter_; }
     [[nodiscard]] ObjectListView& view() { return *view_; }

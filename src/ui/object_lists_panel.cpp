@@ -28,7 +28,7 @@ ObjectListsPanel::ObjectListsPanel(AppContext& context, QWidget* parent)
         context.session.documentChanged.connect([this](const Change& change) { follow(change); }));
     connections_.push_back(context.session.factsChanged.connect([this] {
         for (ObjectListPage* page : pages_) {
-            page->showStates();
+            page->boutons_edition();
         }
     }));
     connections_.push_back(context.current.changed.connect([this] { showCurrent(); }));

@@ -47,8 +47,6 @@ const Polyline& lineAt(const Document& document, const ObjectRef& object) {
 ObjectPictures affiche_vignette_polygone(const Polygone& polygone, bool blended) {
     ObjectPictures pictures;
     pictures.hasNight = hasNightColours(polygone.Entete) && colourRoles(polygone.Entete);
-    pictures.TranspJour = (polygone.Entete & 0x02U) != 0;
-    pictures.TranspNuit = (polygone.Entete & 0x04U) != 0;
     pictures.day = polygonPicture(polygone, false, blended);
     pictures.night = pictures.hasNight ? polygonPicture(polygone, true, blended) : pictures.day;
     return pictures;

@@ -11,10 +11,8 @@ namespace quillmark {
 
 struct ObjectPictures {
     Picture day;
-    Picture night;            // the day's again without one of its own
-    bool hasNight = false;    // `PolygoneNuit`, `PolylineNuit`
-    bool TranspJour = false;  // `TranspJourPolygone`: bit 1 of a polygon's first byte
-    bool TranspNuit = false;  // `TranspNuitPolygone`: bit 2
+    Picture night;          // the day's again without one of its own
+    bool hasNight = false;  // `PolygoneNuit`, `PolylineNuit`
 
     [[nodiscard]] const Picture& at(bool ofNight) const { return ofNight ? night : day; }
 };

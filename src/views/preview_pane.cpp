@@ -47,7 +47,7 @@ void PreviewPane::select(const ObjectRef& object) {
 
 void PreviewPane::rememberPolygon() {
     if (object_.kind == ObjectKind::Polygone && exists(document_, object_)) {
-        lastPolygon_ = object_;
+        PolygoneAffiche_ = object_;
         const Polygone& polygon = document_.Polygone[static_cast<std::size_t>(object_.index)];
         lastType_ = polygon.Type;
         lastSubType_ = polygon.SubType;
@@ -58,23 +58,23 @@ void PreviewPane::follow(const Change& change) {
     const bool samePlaces = change.object.kind != ObjectKind::Polygone;
     switch (change.what) {
         case Change::What::replaced:
-            lastPolygon_ = {};
+            PolygoneAffiche_ = {};
             break;
         case Change::What::reordered:
             if (change.reordering) {
-                lastPolygon_ = change.reordering->follow(lastPolygon_);
+                PolygoneAffiche_ = change.reordering->follow(PolygoneAffiche_);
             }
             break;
         case Change::What::added:
-            if (!samePlaces && lastPolygon_.index >= change.object.index) {
-                ++lastPolygon_.index;
+            if (!samePlaces && PolygoneAffiche_.index >= change.object.index) {
+                ++PolygoneAffiche_.index;
             }
             break;
         case Change::What::removed:
-            if (!samePlaces && lastPolygon_.index == change.object.index) {
-                lastPolygon_ = {};
-            } else if (!samePlaces && lastPolygon_.index > change.object.index) {
-                --lastPolygon_.index;
+            if (!samePlaces && PolygoneAffiche_.index == change.object.index) {
+                PolygoneAffiche_ = {};
+            } else if (!samePlaces && PolygoneAffiche_.index > change.object.index) {
+                --PolygoneAffiche_.index;
             }
             break;
         case Change::What::content: {
@@ -82,23 +82,23 @@ void PreviewPane::follow(const Change& change) {
                 return polygon.Type == lastType_ && polygon.SubType == lastSubType_;
             };
             const auto& polygons = document_.Polygone;
-            if (lastPolygon_.kind == ObjectKind::none ||
-                (exists(document_, lastPolygon_) &&
-                 same(polygons[static_cast<std::size_t>(lastPolygon_.index)]))) {
+            if (PolygoneAffiche_.kind == ObjectKind::none ||
+                (exists(document_, PolygoneAffiche_) &&
+                 same(polygons[static_cast<std::size_t>(PolygoneAffiche_.index)]))) {
                 break;
             }
             const auto found = std::find_if(polygons.begin(), polygons.end(), same);
-            lastPolygon_ = found == polygons.end()
-                               ? ObjectRef{}
-                               : ObjectRef{ObjectKind::Polygone,
-                                           static_cast<int>(found - polygons.begin()), 0};
+            PolygoneAffiche_ = found == polygons.end()
+                                   ? ObjectRef{}
+                                   : ObjectRef{ObjectKind::Polygone,
+                                               static_cast<int>(found - polygons.begin()), 0};
             break;
         }
         default:
             break;
     }
-    if (!exists(document_, lastPolygon_)) {
-        lastPolygon_ = {};
+    if (!exists(document_, PolygoneAffiche_)) {
+        PolygoneAffiche_ = {};
     }
     // A selected polygon is the last one, whatever became of others.
     rememberPolygon();
@@ -118,7 +118,7 @@ PreviewPane::Panes PreviewPane::maj_Aperçu() const {
     const bool over = options.mode == PreviewMode::superposition &&
                       object_.kind != ObjectKind::none && object_.kind != ObjectKind::Polygone;
     if (over) {
-        below = afficheObjet(document_, lastPolygon_, options.blended);
+        below = afficheObjet(document_, PolygoneAffiche_, options.blended);
     }
     panes.day = pane(pictures, below, false);
     panes.night = pane(pictures, below, true);

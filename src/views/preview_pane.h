@@ -39,7 +39,7 @@ class PreviewPane {
     void follow(const Change& change);
     [[nodiscard]] const ObjectRef& object() const { return object_; }
     // What superposition lies on; of no kind without one.
-    [[nodiscard]] const ObjectRef& lastPolygon() const { return lastPolygon_; }
+    [[nodiscard]] const ObjectRef& PolygoneAffiche() const { return PolygoneAffiche_; }
 
     // `maj_Aperçu`: the panes, of `kPaneSide` logical pixels in device pixels, the ground and
     // marks painted.
@@ -63,7 +63,7 @@ class PreviewPane {
 
     const Document& document_;
     ObjectRef object_;
-    ObjectRef lastPolygon_;
+    ObjectRef PolygoneAffiche_;
     // Of the last polygon, to find it again when anything may have moved.
     std::string lastType_;
     std::string lastSubType_;

@@ -82,7 +82,7 @@ TEST(SheetPainter, PicturesStandOnTheirGroundInWholePixels) {
         QPainter painter(&canvas);
         SheetPainter cells;
         cells.setTheme({QFont(), Qt::white, Qt::black, Qt::red, Ground::map});
-        cells.paint(painter, sheet, sheet.cell(0), {0, 0}, false);
+        cells.afficheIcone(painter, sheet, sheet.cell(0), {0, 0}, false);
         painter.end();
         const Image shown = fromQt(canvas);
         const int place = 23 * ratio;

@@ -237,7 +237,7 @@ TEST(PreviewPane, TheLastPolygonIsKnownByItsIdentity) {
         change.what = what;
         change.object = object;
         pane.follow(change);
-        return pane.lastPolygon();
+        return pane.PolygoneAffiche();
     };
 
     document.Polygone.insert(document.Polygone.begin(), dotted("000", 8, "rg"));
@@ -253,7 +253,7 @@ TEST(PreviewPane, TheLastPolygonIsKnownByItsIdentity) {
     reordered.what = Change::What::reordered;
     reordered.reordering = std::make_shared<const Reordering>(swapped);
     pane.follow(reordered);
-    EXPECT_EQ(pane.lastPolygon(), polygon(0));
+    EXPECT_EQ(pane.PolygoneAffiche(), polygon(0));
 
     // An undo may have moved or taken anything.
     std::swap(document.Polygone[0], document.Polygone[2]);
