@@ -24,7 +24,10 @@ void copySelection(const QTreeWidget& list, const std::vector<SpecialLabel>& lab
     std::string text;
     for (std::size_t row = 0; row < labels.size(); ++row) {
         if (all || list.topLevelItem(static_cast<int>(row))->isSelected()) {
-            text += (text.empty() ? "" : "\n") + labels[row].line();
+            if (!text.empty()) {
+                text += '\n';
+            }
+            text += labels[row].line();
         }
     }
     QGuiApplication::clipboard()->setText(toQt(text));
