@@ -29,8 +29,10 @@ void fillGround(QPainter& painter, const QRect& area, Ground ground, bool night,
 void paintPicture(QPainter& painter, const IconSheet& sheet, const Picture& picture,
                   Ground ground) {
     const SheetOptions& options = sheet.options();
-    const QRect area(0, 0, deviceLength(sheet.layout().cellWidth(), options.ratio),
-                     deviceLength(sheet.pictureHeight(), options.ratio));
+    const QRect area(
+        0, 0, deviceLength(sheet.layout().cellWidth(), options.ratio),
+        deviceLength(sheet.pictureHeight() - (labelLines(options.labels) > 0 ? kTextFoot : 0),
+                     options.ratio));
     painter.setClipRect(area);
     const int unit = deviceScale(1, options.ratio);
     if (picture.image.width() > 0) {
