@@ -6,7 +6,7 @@
 #include "batch/wording.h"
 #include "core/clock.h"
 #include "core/profile.h"
-#include "session/recode.h"
+#include "text/recode.h"
 #include "session/save.h"
 #include "text/generator.h"
 #include "typ/writer.h"

@@ -71,7 +71,7 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
         view_.shown = change.select;
     }
     if (!exists(document_, view_.shown)) {
-        // Its kind stays: what is typed in place of a gone object becomes a new one.
+        // What is typed in its place becomes a new object.
         view_.shown = {view_.shown.kind, -1, 0};
     }
     documentChanged(change);

@@ -127,8 +127,18 @@ void Session::refreshText() {
     if (pane_ == nullptr || !facts_.hasDocument || !view_.stale) {
         return;
     }
+    if (pane_->isEdited() && !replaceEdits_) {
+        // A faulty text stays, as an edit of what the document has become: taking it back in the
+        // view leads to another text than the document's, which is to be applied too.
+        view_.generated =
+            view_.wholeDocument && ready_ ? std::move(*ready_) : generate(document_, view_);
+        ready_.reset();
+        view_.stale = false;
+        pane_->rebase(view_.generated.text);
+        return;
+    }
     // A control out of sight is left alone, unless it holds edits that the document has by now.
-    if (pane_->isEdited() ? !replaceEdits_ : !pane_->isShown()) {
+    if (!pane_->isEdited() && !pane_->isShown()) {
         return;
     }
     if (view_.wholeDocument && ready_) {
@@ -378,15 +388,6 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         factsChanged();
     }
     replaceEdits_ = false;
-    if (applied.entries > 0 && view_.stale) {
-        // The faulty text is an edit of what the document has become: taking it back in the view
-        // leads to another text than the document's, which is to be applied too.
-        view_.generated = ready_ ? std::move(*ready_) : generate(document_, view_);
-        ready_.reset();
-        view_.stale = false;
-        pane_->rebase(view_.generated.text);
-        factsChanged();
-    }
 }
 
 }  // namespace quillmark

@@ -13,7 +13,7 @@ struct TextView {
     bool wholeDocument = true;
     // The object shown otherwise, followed through changes of order; none when it is gone.
     ObjectRef shown;
-    // What the control was given last. Its sections are looked up by object.
+    // What the control was given last, or is compared with. Its sections are looked up by object.
     GeneratedText generated;
     bool stale = true;  // the document changed since, or the control isn't to be seen
 

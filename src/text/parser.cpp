@@ -6,8 +6,8 @@
 #include "core/draw_order.h"
 #include "text/code_pages.h"
 #include "text/format.h"
-#include "text/labels.h"
 #include "text/parser_sections.h"
+#include "text/recode.h"
 #include "text/unchanged_sections.h"
 #include "text/view_text.h"
 
@@ -26,6 +26,9 @@ class Parser {
           context_{source_,        result_.journal,         traduction, result_.skippedLines,
                    base_.CodePage, text.size() + kPixelRoom} {
         context_.hadUnshown = unchanged_.hadUnshown();
+        if (generated_) {
+            takeCodePage();
+        }
         result_.document = base_;
         if (target.codePage > 0) {
             result_.document.CodePage = target.codePage;
@@ -72,7 +75,7 @@ class Parser {
 
     bool parseSection(std::string_view line) {
         // Some compilers take the identity from a section of this other name.
-        if (beginsWith(line, "[_id]") || beginsWith(line, "[options]")) {
+        if (isIdentity(line)) {
             enter();
             parseIdentity();
         } else if (beginsWith(line, "[_comments]")) {
@@ -146,14 +149,61 @@ class Parser {
         leaveSection(context_);
     }
 
+    // An edited text's page counts for all of the document, wherever its line stands, and labels
+    // that the text doesn't hold follow it; one that doesn't exist leaves all as it is.
+    void takeCodePage() {
+        if (!isWhole()) {
+            target_.codePage = base_.CodePage;
+            return;
+        }
+        for (bool inside = false; !source_.atEnd(); source_.next()) {
+            const std::string_view line = source_.line();
+            if (beginsWith(line, "[")) {
+                inside = isIdentity(line);
+            } else if (inside && beginsWith(line, "codepage")) {
+                const int page = leadingDecimal(valueAt(line, 8)).value_or(0);
+                if (isCodePage(page)) {
+                    for (const LabelLoss& loss : recodeLabels(base_, page)) {
+                        tellLoss(loss);
+                    }
+                    context_.CodePage = page;
+                }
+                break;
+            }
+        }
+        source_.setIndex(0);
+    }
+
+    void tellLoss(const LabelLoss& loss) {
+        const std::size_t entry = result_.journal.entries().size();
+        context_.tell(loss.cut ? Fault::labelsTooLong : Fault::lostCharacters);
+        const auto index = static_cast<std::size_t>(loss.index);
+        const auto name = [&](const auto& record) {
+            const int identity = identityValue(record.Type, record.SubType);
+            result_.journal.setObject(entry, loss.kind, static_cast<std::uint16_t>(identity));
+        };
+        if (loss.kind == ObjectKind::Polygone) {
+            name(base_.Polygone[index]);
+        } else if (loss.kind == ObjectKind::Polyline) {
+            name(base_.Polyline[index]);
+        } else if (loss.kind == ObjectKind::POI) {
+            name(base_.POI[index]);
+        }
+    }
+
+    static bool isIdentity(std::string_view line) {
+        return beginsWith(line, "[_id]") || beginsWith(line, "[options]");
+    }
+    static bool isCodePage(int page) { return page > 0 && page <= 0xFFFF && codePageExists(page); }
+
     void setCodePage(std::string_view value) {
         const auto number = leadingDecimal(value);
-        if (!number) {
+        if (!number || (generated_ && *number != base_.CodePage)) {
             context_.tell(Fault::value);
             return;
         }
         int page = *number;
-        if (page <= 0 || page > 0xFFFF || !codePageExists(page)) {
+        if (!isCodePage(page)) {
             context_.tell(Fault::unknownCodePage);
             page = 1252;
         }
@@ -391,36 +441,17 @@ class Parser {
             const auto index = static_cast<std::size_t>(match->index);
             Document& document = result_.document;
             if (kind == ObjectKind::Polygone) {
-                document.Polygone.push_back(inCodePage(base_.Polygone.at(index)));
+                document.Polygone.push_back(base_.Polygone.at(index));
             } else if (kind == ObjectKind::Polyline) {
-                document.Polyline.push_back(inCodePage(base_.Polyline.at(index)));
+                document.Polyline.push_back(base_.Polyline.at(index));
             } else {
-                document.POI.push_back(inCodePage(base_.POI.at(index)));
+                document.POI.push_back(base_.POI.at(index));
             }
         }
         replaced_ = true;
         source_.setIndex(match->lastLine);
         leaveSection(context_);
         return true;
-    }
-
-    // Labels mean the same in another code page only when they are written anew.
-    template <typename Record>
-    [[nodiscard]] Record inCodePage(Record record) {
-        const auto isAscii = [](std::uint8_t byte) { return byte < 0x80; };
-        if (context_.CodePage == base_.CodePage ||
-            std::all_of(record.Strings.begin(), record.Strings.end(), isAscii)) {
-            return record;
-        }
-        EncodedStrings encoded =
-            encodeStrings(decodeStrings(record.Strings, base_.CodePage), context_.CodePage);
-        if (!encoded.lossyLabels.empty()) {
-            context_.tell(Fault::lostCharacters);
-        }
-        record.Longueur += static_cast<std::int32_t>(encoded.Strings.size()) -
-                           static_cast<std::int32_t>(record.Strings.size());
-        record.Strings = std::move(encoded.Strings);
-        return record;
     }
 
     // Ordinary lines stand in front; the single object is found again behind it.

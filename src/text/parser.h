@@ -21,7 +21,8 @@ struct ParseTarget {
 struct ParsedText {
     Document document;
     Journal journal;
-    // Lines that belong to no key of the section they stand in, from 1: dropped, told nowhere.
+    // Lines that belong to no key of the section they stand in, or to no section, from 1: dropped.
+    // An edited text's lines outside of sections are told, others nowhere.
     std::vector<int> skippedLines;
     // Where the single object stands that the text was of; -1 where there was none.
     int index = -1;
@@ -30,7 +31,7 @@ struct ParsedText {
 // `base` is the document the text is put into: a fresh one for a file; for an edit the document
 // as it stands, whose objects whole-file text replaces (Extra POI groups and all that text has no
 // place for stay). A record of `base` whose section in `text` is the same as `generated` has it
-// is kept byte for byte; `generated` may be null.
+// is kept byte for byte, but for labels in another code page; `generated` may be null.
 [[nodiscard]] ParsedText ouvrirtxt(std::string_view text, Document base, const ParseTarget& target,
                                    const GeneratedText* generated, const Traduction& traduction);
 

@@ -184,17 +184,18 @@ bool TextEditor::handleKey(const QKeyEvent& event) {
 }
 
 void TextEditor::mousePressEvent(QMouseEvent* event) {
-    moved_ = true;
+    caretMoved_ = true;
     QPlainTextEdit::mousePressEvent(event);
 }
 
 void TextEditor::keyPressEvent(QKeyEvent* event) {
-    moved_ = true;
+    const int before = textCursor().position();
     if (handleKey(*event)) {
         event->accept();
     } else {
         QPlainTextEdit::keyPressEvent(event);
     }
+    caretMoved_ = caretMoved_ || textCursor().position() != before;
 }
 
 void TextEditor::wheelEvent(QWheelEvent* event) {

@@ -41,7 +41,8 @@ class TextEditor : public QPlainTextEdit {
     void rebase(const std::string& text);
     [[nodiscard]] bool isFilling() const { return filler_.isActive(); }
     void finishFilling() { filler_.finish(); }
-    // Differs from what `setContent` put there, whatever the way it came to that.
+    // Differs from what `setContent` put there, or `rebase` named, whatever the way it came to
+    // that.
     [[nodiscard]] bool isEdited() const { return edited_; }
     // The next text is another one: it is shown from its top.
     void forgetPlace() { forgetPlace_ = true; }
@@ -137,8 +138,10 @@ class TextEditor : public QPlainTextEdit {
     QTextCursor markEnd_;
     int lines_ = 0;                             // of the text that is being filled in
     std::vector<std::function<void()>> later_;  // to be done once it stands there
+    // What the user did while the text came in.
+    bool scrolled_ = false;
+    bool caretMoved_ = false;
     // Lines to be brought into sight once there is a size.
-    bool moved_ = false;  // the user went elsewhere while the text came in
     std::optional<std::pair<int, int>> wanted_;
 };
 

@@ -19,7 +19,7 @@ void TextEditor::watchChanges() {
     connect(document(), &QTextDocument::contentsChange, this,
             [this](int position, int /*removed*/, int added) { contentChanged(position, added); });
     connect(document(), &QTextDocument::contentsChanged, this, [this] { tellEdited(); });
-    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { moved_ = true; });
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { scrolled_ = true; });
 }
 
 void TextEditor::contentChanged(int position, int added) {
@@ -59,7 +59,7 @@ void TextEditor::setContent(const std::string& text) {
     lines_ = document()->blockCount() + change.moved();
     wanted_.reset();
     later_.clear();
-    moved_ = false;
+    scrolled_ = caretMoved_ = false;
     unmark();
     // What it steps back to is gone.
     document()->setUndoRedoEnabled(false);
@@ -83,9 +83,17 @@ void TextEditor::filledUp() {
     document()->setModified(false);
     changing_ = false;
     showReadOnly();
-    if (!moved_) {
-        restore(kept_);
+    // Whoever went elsewhere meanwhile stays there.
+    const Place now = place();
+    if (caretMoved_) {
+        kept_.line = now.line;
+        kept_.column = now.column;
     }
+    if (caretMoved_ || scrolled_) {
+        kept_.topLine = now.topLine;
+        kept_.across = now.across;
+    }
+    restore(kept_);
     for (const auto& later : std::exchange(later_, {})) {
         later();
     }
@@ -162,7 +170,9 @@ void TextEditor::unmark() {
 
 void TextEditor::showLines(int first, int last) {
     if (isFilling()) {
-        later_.emplace_back([this, first, last] { showLines(first, last); });
+        later_.emplace_back([this, first, last] {
+            scrolled_ || caretMoved_ ? markLines(first, last) : showLines(first, last);
+        });
         return;
     }
     markLines(first, last);

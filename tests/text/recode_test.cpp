@@ -1,4 +1,4 @@
-#include "session/recode.h"
+#include "text/recode.h"
 
 #include <gtest/gtest.h>
 

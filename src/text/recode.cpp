@@ -1,4 +1,4 @@
-#include "session/recode.h"
+#include "text/recode.h"
 
 #include <algorithm>
 
@@ -70,7 +70,9 @@ std::vector<LabelLoss> recodeLabels(Document& document, int CodePage) {
     document.CodePage = CodePage;
     const auto all = [&](auto& records, LabelLoss where, int LabelLoss::*number) {
         for (auto& record : records) {
+            const auto before = static_cast<std::int32_t>(record.Strings.size());
             recoder.labels(record.Strings, where);
+            record.Longueur += static_cast<std::int32_t>(record.Strings.size()) - before;
             ++(where.*number);
         }
     };
