@@ -268,11 +268,15 @@ TEST_F(SessionText, AnotherCodePageAndCommentsLoseNothingThatTextCantHold) {
         const auto before = static_cast<std::int32_t>(polygon.Strings.size());
         polygon.Strings = encodeStrings({{4, "For\u00EAt; 0x1"}}, 1252).Strings;
         polygon.Longueur += static_cast<std::int32_t>(polygon.Strings.size()) - before;
+        edited.ExtraPOI.at(0).POI.at(0).Strings = encodeStrings({{4, "caf\u00E9"}}, 1252).Strings;
         edited.Commentaire = "a,,";
     });
     pane.replace("CodePage=1252", "CodePage=65001");
     EXPECT_EQ(apply(), 1);
     EXPECT_EQ(labelOf(document.Polygone.at(1), 65001), "For\u00EAt; 0x1");
+    EXPECT_EQ(decodeStrings(document.ExtraPOI.at(0).POI.at(0).Strings, 65001).at(0).text,
+              "caf\u00E9")
+        << "which the text doesn't show";
     EXPECT_EQ(document.Commentaire, "a,,");
     const Document saved = document;
     ASSERT_EQ(save(), 1);
