@@ -28,9 +28,9 @@
 namespace quillmark {
 namespace {
 
-// First widths of the three panes, in logical pixels.
 // How long a platform may take to end a session that it announced.
 constexpr std::chrono::seconds kEndOfSession(60);
+// First widths of the three panes, in logical pixels.
 constexpr int kLeft = 330;
 constexpr int kMiddle = 640;
 constexpr int kRight = 264;

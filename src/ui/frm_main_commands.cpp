@@ -132,9 +132,10 @@ void frmMain::openSearch() {
 }
 
 void frmMain::openPreferences(const Preferences& shown) {
-    auto* window =
-        new frmPreferences(this, context_, shown, [this](QWidget* parent, std::int32_t colour) {
-            return chooseColour(parent, context_, colour);
+    auto* window = new frmPreferences(
+        this, context_, shown,
+        [this](QWidget* parent, std::int32_t colour, std::function<void(std::int32_t)> chosen) {
+            chooseColour(parent, context_, colour, std::move(chosen));
         });
     window->setAttribute(Qt::WA_DeleteOnClose);
     connect(window, &QDialog::accepted, this,
@@ -145,21 +146,17 @@ void frmMain::openPreferences(const Preferences& shown) {
 
 // With the window closed, since edits that are applied first need the progress and its cancel.
 void frmMain::storePreferences(const Preferences& choices) {
-    Session& session = context_.session;
-    const unsigned journal = session.journalVersion();
-    choices.cmdOK_Click(session, [this, alive = QPointer(this), choices,
-                                  journal](const std::optional<Preferences::Effects>& effects) {
+    choices.cmdOK_Click(context_.session, [this, alive = QPointer(this), choices](
+                                              const std::optional<Preferences::Effects>& effects) {
         if (!alive) {
             return;
         }
         if (!effects) {
-            // The choices aren't lost, but faults of the text come first.
-            if (context_.session.journalVersion() == journal) {
-                QMetaObject::invokeMethod(this,
-                                          guarded("mnuPreferences_Click", "frmMain",
-                                                  [this, choices] { openPreferences(choices); }),
-                                          Qt::QueuedConnection);
-            }
+            // The edits stay in the view; the choices aren't lost with the window.
+            QMetaObject::invokeMethod(this,
+                                      guarded("mnuPreferences_Click", "frmMain",
+                                              [this, choices] { openPreferences(choices); }),
+                                      Qt::QueuedConnection);
             return;
         }
         if (effects->text) {

@@ -168,6 +168,7 @@ void frmPalette::connectPictures() {
     Picture1_->moved = [this](int columns, int rows) { chooser_.Picture1_KeyDown(columns, rows); };
     Picture1_->setSwatches(paletteSwatches());
     corners_->chosen = [this](int index) { chooser_.Carré_Click(kFirstNeighbour + index); };
+    nearest_->setFirstChoice(1);
     nearest_->chosen = [this](int index) { chooser_.Carré_Click(kChosenSwatch + index); };
     recent_->chosen = [this](int index) { chooser_.recent_Click(static_cast<std::size_t>(index)); };
     lblCouleurInitiale_->chosen = [this](int /*index*/) { chooser_.lblCouleurInitiale_Click(); };
@@ -382,11 +383,17 @@ void frmPalette::reject() {
     QDialog::reject();
 }
 
-std::optional<std::int32_t> chooseColour(QWidget* parent, AppContext& context,
-                                         std::int32_t colour) {
-    frmPalette window(parent, context, {colour, {}, ChooserTab::all});
-    window.exec();
-    return window.CouleurChoisie();
+void chooseColour(QWidget* parent, AppContext& context, std::int32_t colour,
+                  std::function<void(std::int32_t)> chosen) {
+    auto* window = new frmPalette(parent, context, {colour, {}, ChooserTab::all});
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(window, &QDialog::accepted, window,
+                     guarded("cmdOK_Click", "frmPalette", [window, chosen = std::move(chosen)] {
+                         if (const auto colour = window->CouleurChoisie()) {
+                             chosen(*colour);
+                         }
+                     }));
+    window->open();
 }
 
 }  // namespace quillmark

@@ -83,8 +83,8 @@ class frmPalette : public QDialog {
     Connection language_;
 };
 
-// Asks for a colour in place of `colour`; nothing when the user gave up.
-[[nodiscard]] std::optional<std::int32_t> chooseColour(QWidget* parent, AppContext& context,
-                                                       std::int32_t colour);
+// Asks for a colour in place of `colour`; `chosen` gets it unless the user gives up.
+void chooseColour(QWidget* parent, AppContext& context, std::int32_t colour,
+                  std::function<void(std::int32_t)> chosen);
 
 }  // namespace quillmark

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -17,6 +18,7 @@
 #include "bitmap/system_colours.h"
 #include "core/label_languages.h"
 #include "paint/qt_image.h"
+#include "ui/colour_square.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
 
@@ -29,12 +31,6 @@ template <typename Control>
 Control* named(Control* control, const char* name) {
     control->setObjectName(QLatin1String(name));
     return control;
-}
-
-QIcon swatch(std::int32_t colour) {
-    QPixmap square(kSwatch, kSwatch);
-    square.fill(QColor::fromRgb(toQRgb(ResoudreCouleur(colour))));
-    return QIcon(square);
 }
 
 // A check box whose long text is broken into lines: a click on the text is one on the box.
@@ -217,11 +213,13 @@ QGroupBox* frmPreferences::activities() {
         grid->addWidget(button, static_cast<int>(i % 3), static_cast<int>(i / 3));
         connect(button, &QPushButton::clicked, this,
                 guarded("lblActiveRoutingColor_Click", "frmPreferences", [this, i] {
-                    const auto chosen = chooseColour_(this, state_.lblActiveRoutingColor[i]);
-                    if (chosen) {
-                        state_.lblActiveRoutingColor[i] = *chosen;
-                        showColour(i);
-                    }
+                    chooseColour_(this, state_.lblActiveRoutingColor[i],
+                                  [self = QPointer(this), i](std::int32_t chosen) {
+                                      if (self) {
+                                          self->state_.lblActiveRoutingColor[i] = chosen;
+                                          self->showColour(i);
+                                      }
+                                  });
                 }));
     }
     return frame;
@@ -329,7 +327,9 @@ void frmPreferences::showLanguages() {
 }
 
 void frmPreferences::showColour(std::size_t i) {
-    lblActiveRoutingColor_[i]->setIcon(swatch(state_.lblActiveRoutingColor[i]));
+    lblActiveRoutingColor_[i]->setIcon(
+        colourSquare(QColor::fromRgb(toQRgb(ResoudreCouleur(state_.lblActiveRoutingColor[i]))),
+                     {kSwatch, kSwatch}, palette()));
 }
 
 void frmPreferences::takeState() {

@@ -21,8 +21,9 @@ namespace quillmark {
 
 class frmPreferences : public QDialog {
   public:
-    // A colour chosen for the one given, nothing when the user gave up.
-    using ChooseColour = std::function<std::optional<std::int32_t>(QWidget*, std::int32_t)>;
+    // Asks for a colour in place of the one given, and hands it on unless the user gives up.
+    using ChooseColour =
+        std::function<void(QWidget*, std::int32_t, std::function<void(std::int32_t)>)>;
 
     // OK only closes the window; `choices` are then to be stored.
     frmPreferences(QWidget* parent, AppContext& context, const Preferences& shown,

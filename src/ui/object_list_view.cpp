@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 
 #include "paint/qt_image.h"
+#include "ui/colour_square.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
 #include "views/readable_colour.h"
@@ -67,26 +68,9 @@ class ObjectRowDelegate : public QStyledItemDelegate {
         option->palette.setColor(QPalette::Text,
                                  QColor::fromRgb(toQRgb(readableOn(colour, ground))));
         if (index.column() == 0) {
-            option->icon =
-                square(QColor::fromRgb(toQRgb(colour)), option->decorationSize, option->palette);
+            option->icon = colourSquare(QColor::fromRgb(toQRgb(colour)), option->decorationSize,
+                                        option->palette);
         }
-    }
-
-  private:
-    static QIcon square(const QColor& colour, QSize size, const QPalette& palette) {
-        const double scale = qApp->devicePixelRatio();
-        QPixmap drawn(size * scale);
-        drawn.setDevicePixelRatio(scale);
-        drawn.fill(Qt::transparent);
-        QPainter painter(&drawn);
-        QColor edge = palette.color(QPalette::WindowText);
-        edge.setAlphaF(0.4F);
-        painter.setPen(edge);
-        painter.setBrush(colour);
-        painter.drawRect(1, 1, size.width() - 3, size.height() - 3);
-        QIcon icon(drawn);
-        icon.addPixmap(drawn, QIcon::Selected);
-        return icon;
     }
 };
 

@@ -75,7 +75,7 @@ void ScreenCover::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(lens.adjusted(0, kLens, 0, 0), Qt::AlignCenter,
                      toQt(colourText(toCouleur(pixels_.pixel(pixel)))));
-    drawFrame(painter, lens.adjusted(2, 2, -2, -2));
+    drawFrame(painter, lens.adjusted(1, 1, -1, -1));
     const QRect middle(lens.topLeft() + QPoint(kLens - kLensZoom, kLens - kLensZoom) / 2,
                        QSize(kLensZoom, kLensZoom));
     painter.setPen(Qt::white);

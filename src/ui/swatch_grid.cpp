@@ -134,7 +134,8 @@ bool SwatchGrid::event(QEvent* event) {
 }
 
 void SwatchGrid::mouseMoveEvent(QMouseEvent* event) {
-    const int index = indexAt(event->position().toPoint());
+    const int under = indexAt(event->position().toPoint());
+    const int index = under < firstChoice_ ? -1 : under;
     if (std::exchange(hovered_, index) != index) {
         update();
     }
@@ -148,7 +149,7 @@ void SwatchGrid::leaveEvent(QEvent* event) {
 
 void SwatchGrid::mousePressEvent(QMouseEvent* event) {
     const int index = indexAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || index < 0 || !chosen) {
+    if (event->button() != Qt::LeftButton || index < firstChoice_ || !chosen) {
         return QWidget::mousePressEvent(event);
     }
     current_ = index;
@@ -179,9 +180,13 @@ void SwatchGrid::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void SwatchGrid::setFirstChoice(int index) {
+    current_ = firstChoice_ = index;
+}
+
 void SwatchGrid::walk(int columns, int rows) {
     const int next = current_ + columns + rows * shape_.columns;
-    if (next >= 0 && next < count()) {
+    if (next >= firstChoice_ && next < count()) {
         current_ = next;
         describe();
         update();

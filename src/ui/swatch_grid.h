@@ -25,6 +25,8 @@ class SwatchGrid : public QWidget {
     // Puts a frame around one, -1 for none; swatches with a border have one anyway.
     void setFramed(int index);
     void setColumns(int columns);
+    // Swatches in front of this one only show.
+    void setFirstChoice(int index);
 
     // Without it the swatches only show.
     std::function<void(int index)> chosen;
@@ -55,10 +57,11 @@ class SwatchGrid : public QWidget {
     std::vector<ChooserSwatch> swatches_;
     int framed_ = -1;
     int hovered_ = -1;
+    int firstChoice_ = 0;
     int current_ = 0;  // of the keyboard
 };
 
-// A frame that shows on every colour, just outside of `cell`.
+// Two rings that show on every colour: white on the edge of `cell`, black just around it.
 void drawFrame(QPainter& painter, const QRect& cell);
 
 }  // namespace quillmark

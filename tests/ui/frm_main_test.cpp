@@ -135,9 +135,8 @@ TEST_F(MainWindow, PreferencesComeBackWithTheirChoicesWhenEditsAreToStay) {
     }
     chooseLabels(3);
     // A colour given up leaves the one that stands.
-    QTimer::singleShot(0, &window,
-                       [] { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); });
     press("lblActiveRoutingColor0");
+    static_cast<QDialog*>(QApplication::activeModalWidget())->reject();
     program.dialogues.answers = {Answer::cancel, Answer::no};
     press("cmdOK");
     EXPECT_NE(text.toPlainText(), untouched);
