@@ -23,6 +23,8 @@ struct Change {
     std::shared_ptr<const Reordering> reordering;
     // The object to select afterwards; none leaves the choice to who selects.
     ObjectRef select;
+    // Whatever was selected is gone; with `content`, which doesn't say where objects went.
+    bool selectNothing = false;
 };
 
 // Where an object is after the change, as far as the change tells: index -1 when it is gone, kind

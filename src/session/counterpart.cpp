@@ -21,23 +21,34 @@ auto identityOf(const ExtraPOI& group) {
     return std::tie(group.BrandID);
 }
 
-template <typename Record>
-int find(const std::vector<Record>& from, const std::vector<Record>& to, int place) {
+// A line whose activity changed is still the same one to whoever selected it.
+auto typeOf(const Polyline& line) {
+    return std::tie(line.Type, line.SubType);
+}
+
+template <typename Record, typename Identity>
+int find(const std::vector<Record>& from, const std::vector<Record>& to, int place,
+         const Identity& identity) {
     const auto at = static_cast<std::size_t>(place);
-    const auto wanted = identityOf(from[at]);
-    if (at < to.size() && identityOf(to[at]) == wanted) {
+    const auto wanted = identity(from[at]);
+    if (at < to.size() && identity(to[at]) == wanted) {
         return place;
     }
     int before = 0;
     for (std::size_t i = 0; i < at; ++i) {
-        before += identityOf(from[i]) == wanted ? 1 : 0;
+        before += identity(from[i]) == wanted ? 1 : 0;
     }
     for (std::size_t i = 0; i < to.size(); ++i) {
-        if (identityOf(to[i]) == wanted && before-- == 0) {
+        if (identity(to[i]) == wanted && before-- == 0) {
             return static_cast<int>(i);
         }
     }
     return -1;
+}
+
+template <typename Record>
+int find(const std::vector<Record>& from, const std::vector<Record>& to, int place) {
+    return find(from, to, place, [](const Record& record) { return identityOf(record); });
 }
 
 }  // namespace
@@ -53,6 +64,10 @@ ObjectRef counterpart(const Document& from, const Document& to, const ObjectRef&
             break;
         case ObjectKind::Polyline:
             found.index = find(from.Polyline, to.Polyline, object.index);
+            if (found.index < 0) {
+                found.index = find(from.Polyline, to.Polyline, object.index,
+                                   [](const Polyline& line) { return typeOf(line); });
+            }
             break;
         case ObjectKind::POI:
             found.index = find(from.POI, to.POI, object.index);

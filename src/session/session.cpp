@@ -70,7 +70,7 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
     if (change.select.kind != ObjectKind::none) {
         view_.shown = change.select;
     }
-    if (!exists(document_, view_.shown)) {
+    if (change.selectNothing || !exists(document_, view_.shown)) {
         // What is typed in its place becomes a new object.
         view_.shown = {view_.shown.kind, -1, 0};
     }

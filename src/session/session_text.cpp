@@ -379,7 +379,9 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
             object.index = target.index < 0 ? place : target.index;
         }
         undo_.record(std::move(result.document), object);
-        tellChange({Change::What::content, {}, nullptr, select}, std::move(parsed.generated));
+        const bool gone = view_.wholeDocument && select.kind == ObjectKind::none &&
+                          view_.shown.kind != ObjectKind::none;
+        tellChange({Change::What::content, {}, nullptr, select, gone}, std::move(parsed.generated));
         sauvegardertexte();
     } else {
         view_.stale = true;

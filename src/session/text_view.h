@@ -11,7 +11,7 @@ namespace quillmark {
 struct TextView {
     // The switch in the view; `wholeDocument` is `ObjetVisualise` 0.
     bool wholeDocument = true;
-    // The object shown otherwise, followed through changes of order; none when it is gone.
+    // The object shown otherwise, followed through changes of order; index -1 when it is gone.
     ObjectRef shown;
     // What the control was given last, or is compared with. Its sections are looked up by object.
     GeneratedText generated;

@@ -24,7 +24,7 @@ struct ParsedText {
     // Lines that belong to no key of the section they stand in, or to no section, from 1: dropped.
     // An edited text's lines outside of sections are told, others nowhere.
     std::vector<int> skippedLines;
-    // Where the single object stands that the text was of; -1 where there was none.
+    // Where the single object stands that the text was of, when its section was put in; else -1.
     int index = -1;
 };
 

@@ -77,7 +77,7 @@ frmLabels::frmLabels(QWidget* parent, AppContext& context) : QDialog(parent) {
         connect(copy, &QPushButton::clicked, this, copyRows);
         // The list's own answer to these keys is one cell.
         auto* keys = new QAction(list);
-        keys->setShortcut(QKeySequence::Copy);
+        keys->setShortcuts(QKeySequence::Copy);
         keys->setShortcutContext(Qt::WidgetShortcut);
         list->addAction(keys);
         connect(keys, &QAction::triggered, this, copyRows);

@@ -37,7 +37,6 @@ class IconSheetPanel : public QWidget {
     void showKind(ObjectKind kind);
     void showTab();
     void followCurrent();
-    void setZoom(int factor);
 
     AppContext& context_;
     KindTabs* kinds_;

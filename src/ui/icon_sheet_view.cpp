@@ -55,7 +55,10 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
 void IconSheetView::AfficheTout() {
     sheet_.refresh();
     Rafraichir_VisualisationBox();
-    showCell(sheet_.cellOf(current_));
+    // Whoever scrolled away stays there while the cell stays where it is.
+    if (const int cell = sheet_.cellOf(current_); cell != seen_) {
+        showCell(cell);
+    }
 }
 
 void IconSheetView::setCurrent(const ObjectRef& object) {
@@ -84,6 +87,7 @@ std::int64_t IconSheetView::scrolled() const {
 }
 
 void IconSheetView::showCell(int cell) {
+    seen_ = isVisible() ? cell : kNoCell;  // without its size it scrolls to no purpose
     if (cell >= 0) {
         verticalScrollBar()->setValue(static_cast<int>(sheet_.layout().valueShowing(
             cell, verticalScrollBar()->value(), viewport()->height())));

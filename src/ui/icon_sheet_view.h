@@ -52,6 +52,8 @@ class IconSheetView : public QAbstractScrollArea {
     SheetTheme theme_;
     SheetPainter cells_;
     ObjectRef current_;
+    static constexpr int kNoCell = -2;
+    int seen_ = kNoCell;  // the cell that was brought into sight last
     int pressed_ = -1;
     int wheel_ = 0;  // what remains of turns smaller than a step
 };

@@ -237,7 +237,7 @@ void ObjectListPage::boutons_edition() {
     const bool own = kind_ != ListKind::Draworder && context_.current.kind() == objectKind(kind_);
     const bool hasEditor = kind_ == ListKind::Draworder ? static_cast<bool>(editors_.drawOrder)
                                                         : static_cast<bool>(editors_.edit);
-    create_->setEnabled(free && editors_.create);
+    create_->setEnabled(free && editors_.create && kind_ != ListKind::Draworder);
     edit_->setEnabled(free && hasEditor && (own || kind_ == ListKind::Draworder));
     remove_->setEnabled(free && own);
     const ListTips tips = listTips(kind_, context_.traduction);

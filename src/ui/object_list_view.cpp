@@ -122,18 +122,26 @@ void ObjectListView::setNothingFound(const QString& text) {
 }
 
 void ObjectListView::keyboardSearch(const QString& typed) {
-    // A character that is repeated goes on to the next row that begins with it.
     const bool pause =
         !sinceTyped_.isValid() || sinceTyped_.hasExpired(QApplication::keyboardInputInterval());
-    const bool again = !pause && typed_ == typed;
-    typed_ = pause || again ? typed : typed_ + typed;
+    if (pause && typed.trimmed().isEmpty()) {
+        return;  // a blank selects the current row, and begins no name
+    }
+    typed_ = pause ? typed : typed_ + typed;
     sinceTyped_.start();
     const int here = currentIndex().isValid() ? currentIndex().row() : -1;
-    const int from = pause || again ? here + 1 : here;
-    const int row = rows_.list().typeAhead(fromQt(typed_), from < rows_.rowCount() ? from : 0);
+    int row = typeAhead(typed_, pause ? here + 1 : here);
+    // A character that is repeated goes on to the next row that begins with it.
+    if (row < 0 && typed_.count(typed_[0]) == typed_.size()) {
+        row = typeAhead(typed_.left(1), here + 1);
+    }
     if (row >= 0) {
         setCurrentIndex(rows_.index(row, 0));
     }
+}
+
+int ObjectListView::typeAhead(const QString& typed, int from) const {
+    return rows_.list().typeAhead(fromQt(typed), from >= 0 && from < rows_.rowCount() ? from : 0);
 }
 
 void ObjectListView::scrollTo(const QModelIndex& index, ScrollHint hint) {

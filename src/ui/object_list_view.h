@@ -35,6 +35,7 @@ class ObjectListView : public QTreeView {
     bool selectSomeRow(bool last = false);
 
     void keyboardSearch(const QString& typed) override;
+    [[nodiscard]] int typeAhead(const QString& typed, int from) const;
     // Up and down only: the pictures at the left stay in sight in a narrow list.
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 

@@ -11,7 +11,10 @@ void CurrentObject::choose(const ObjectRef& object) {
     if (object == object_) {
         return;
     }
-    session_.selectInText(object, [this, object](bool done) { set(done ? object : object_); });
+    session_.selectInText(object, [this](bool done) {
+        // Not where it was chosen: edits that were applied first may have moved it.
+        set(done ? session_.textView().shown : object_);
+    });
 }
 
 void CurrentObject::set(const ObjectRef& object) {
@@ -22,7 +25,7 @@ void CurrentObject::set(const ObjectRef& object) {
 void CurrentObject::follow(const Change& change) {
     const bool told = change.select.kind != ObjectKind::none;
     ObjectRef next = told ? change.select : quillmark::follow(object_, change);
-    if (!exists(session_.document(), next)) {
+    if (change.selectNothing || !exists(session_.document(), next)) {
         next = {};
     }
     // Told even when it has the same place, since another object may stand there now.

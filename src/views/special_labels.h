@@ -23,7 +23,6 @@ class SpecialLabels {
     // As many as there are texts or whole entries of either table.
     [[nodiscard]] const std::vector<SpecialLabel>& rows() const { return rows_; }
     // Of these, how many have a text of their own, be it an empty one.
-    [[nodiscard]] int textCount() const { return texts_; }
     [[nodiscard]] std::string title(const Traduction& traduction) const;
 
   private:

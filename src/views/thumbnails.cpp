@@ -85,7 +85,6 @@ std::shared_ptr<const Thumbnail> Thumbnails::of(const ObjectRef& object) {
         if (pictures.hasNight) {
             thumbnail.night = inSquare(pictures.night, object.kind, shape_, true);
         }
-        thumbnail.faults = pictures.day.faults | pictures.night.faults;
         return thumbnail;
     };
     return cache_.get(pictureContent(document_, object), make, [](const Thumbnail& thumbnail) {

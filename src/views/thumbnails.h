@@ -17,9 +17,8 @@ struct ThumbnailShape {
 
 // Squares of `side` logical pixels in device pixels, the ground and marks painted.
 struct Thumbnail {
-    Image day;             // 0 by 0 for an object without any picture
-    Image night;           // 0 by 0 for an object that looks the same by night
-    PictureFaults faults;  // of either
+    Image day;    // 0 by 0 for an object without any picture
+    Image night;  // 0 by 0 for an object that looks the same by night
 };
 
 class Thumbnails {

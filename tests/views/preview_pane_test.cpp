@@ -309,7 +309,6 @@ TEST(Thumbnails, ShowPatternsRepeatedAndPointsWhole) {
     EXPECT_EQ(thumbnails.of({ObjectKind::POI, 0, 0})->day.pixel(19, 19), placeColour(0, 0));
     const auto large = thumbnails.of({ObjectKind::POI, 1, 0});
     EXPECT_EQ(placesOf(large->day, 'L').size(), 40U * 32U);
-    EXPECT_TRUE(thumbnails.of({ObjectKind::Polygone, 1, 0})->faults.layout);
     EXPECT_EQ(thumbnails.of({ObjectKind::ExtraPOI, 0, 0})->day.width(), 0);
 
     // Kept by content: a change is seen, the same again is not made again.
