@@ -8,14 +8,14 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 . scripts/packages.sh
 
 need "${build_packages[@]}" libgtest-dev libbenchmark-dev
-cmake --preset release --log-level=WARNING
-cmake --build --preset release -j "$(nproc)" --target quillmark_bench
+cmake --preset bench --log-level=WARNING
+cmake --build --preset bench -j "$(nproc)" --target quillmark_bench
 
 files=("$@")
-corpus=${QUILLMARK_CORPUS:-../shared/corpus}
+corpus=${QUILLMARK_CORPUS:-}
 if [ ${#files[@]} -eq 0 ] && [ -d "$corpus" ]; then
     for kind in bin txt; do
         files+=("$(find "$corpus/$kind" -type f -printf '%s\t%p\n' | sort -n | tail -n 1 | cut -f 2-)")
     done
 fi
-exec build/release/bench/quillmark_bench --benchmark_color=false "${files[@]}"
+exec build/bench/bench/quillmark_bench --benchmark_color=false "${files[@]}"

@@ -2,7 +2,10 @@
 # Formats all sources; with --check it changes nothing and fails on a file that isn't formatted.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+# shellcheck source=scripts/packages.sh
+. scripts/packages.sh
 
+need clang-format
 mode=(-i)
 if [ "${1:-}" = --check ]; then
     mode=(--dry-run -Werror)

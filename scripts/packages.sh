@@ -4,6 +4,7 @@
 # need PACKAGE... : Debian packages that must be there. Asks apt only when one is missing.
 need() {
     local missing=() package
+    command -v dpkg-query >/dev/null || echo "Needed here, by the names Debian gives: $*" >&2
     for package in "$@"; do
         is_there "$package" || missing+=("$package")
     done

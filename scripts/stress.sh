@@ -13,7 +13,7 @@ cmake --preset asan --log-level=WARNING
 cmake --build --preset asan -j "$(nproc)" --target quillmark_stress
 
 files=("$@")
-corpus=${QUILLMARK_CORPUS:-../shared/corpus}
+corpus=${QUILLMARK_CORPUS:-}
 if [ ${#files[@]} -eq 0 ]; then
     if [ -d "$corpus" ]; then files=("$corpus"/bin/* "$corpus"/txt/*); else files=(data/examples/*.txt); fi
 fi

@@ -8,9 +8,6 @@ cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 need "${build_packages[@]}" libgtest-dev clang-format desktop-file-utils appstream mandoc
 
-if [ -z "${QUILLMARK_CORPUS:-}" ] && [ -d ../shared/corpus ]; then
-    QUILLMARK_CORPUS=$(cd ../shared/corpus && pwd)
-fi
 export QUILLMARK_CORPUS=${QUILLMARK_CORPUS:-}
 
 echo '== build'

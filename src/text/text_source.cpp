@@ -49,11 +49,6 @@ bool beginsWith(std::string_view line, std::string_view lowerPrefix) {
     return true;
 }
 
-bool equalsIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
-                                              [](char x, char y) { return lower(x) == lower(y); });
-}
-
 // Byte-order marks left inside by joined files, and stray carriage returns, count as blanks.
 std::string_view trimBlanks(std::string_view text) {
     for (;;) {

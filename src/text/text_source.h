@@ -11,7 +11,6 @@ namespace quillmark {
 
 // True when `line` begins with `lowerPrefix`, which is in lower case, regardless of ASCII case.
 [[nodiscard]] bool beginsWith(std::string_view line, std::string_view lowerPrefix);
-[[nodiscard]] bool equalsIgnoringCase(std::string_view a, std::string_view b);
 [[nodiscard]] std::string_view trimBlanks(std::string_view text);
 [[nodiscard]] std::string lowerCase(std::string_view text);
 // Without any "0x", in either case.
