@@ -6,9 +6,9 @@
 #include "batch/wording.h"
 #include "core/clock.h"
 #include "core/profile.h"
-#include "text/recode.h"
 #include "session/save.h"
 #include "text/generator.h"
+#include "text/recode.h"
 #include "typ/writer.h"
 
 namespace quillmark {
