@@ -7,7 +7,8 @@
 #include "batch/console.h"
 #include "batch/options.h"
 #include "batch/wording.h"
-#include "core/program.h"
+#include "core/folders.h"
+#include "core/paths.h"
 
 namespace quillmark {
 namespace {
@@ -19,11 +20,7 @@ fs::path dataFolder() {
     if (const char* named = std::getenv("QUILLMARK_DATA"); named != nullptr && *named != '\0') {
         return pathFromUtf8(named);
     }
-    const fs::path program = programFolder();
-    std::error_code ignored;
-    return fs::exists(program / "MPCTypes.txt", ignored)
-               ? program
-               : program.parent_path() / "share" / "quillmark";
+    return installedData();
 }
 
 ExitStatus runCommand(const BatchOptions& options, Console& console) {

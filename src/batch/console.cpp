@@ -8,11 +8,12 @@
 #include "batch/options.h"
 #include "batch/wording.h"
 #include "core/files.h"
+#include "core/paths.h"
+#include "typ/header.h"
 
 namespace quillmark {
 namespace {
 
-constexpr std::string_view kMagic = "GARMIN TYP";
 constexpr std::size_t kMagicPosition = 2;
 // What a file may hold at most, since positions in it are 32-bit signed numbers.
 constexpr std::size_t kLargestInput = std::numeric_limits<std::int32_t>::max();
@@ -59,10 +60,6 @@ std::string oneLine(std::string_view message) {
 }
 
 }  // namespace
-
-std::filesystem::path pathFromUtf8(std::string_view name) {
-    return {std::u8string(name.begin(), name.end())};
-}
 
 std::optional<OpenedFile> Console::open(const std::string& name, std::ostream& faults,
                                         int codePage) {

@@ -1,7 +1,6 @@
 // The streams and the data folder of one run, and how things are told on them.
 #pragma once
 
-#include <filesystem>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -15,8 +14,6 @@
 namespace quillmark {
 
 enum class ExitStatus : int { fine = 0, warnings = 1, errors = 2, usage = 3 };
-
-[[nodiscard]] std::filesystem::path pathFromUtf8(std::string_view name);
 
 class Console {
   public:

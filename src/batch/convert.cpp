@@ -5,6 +5,7 @@
 #include "batch/commands.h"
 #include "batch/wording.h"
 #include "core/clock.h"
+#include "core/paths.h"
 #include "core/profile.h"
 #include "session/save.h"
 #include "text/generator.h"

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <span>
 #include <string_view>
 
+#include "core/ascii.h"
 #include "core/document.h"
 #include "text/code_pages.h"
 #include "views/icon_sheet.h"
@@ -32,14 +32,9 @@ constexpr std::array kLabelModes{std::pair{std::string_view("none"), LabelMode::
                                  std::pair{std::string_view("both"), LabelMode::typeAndText}};
 constexpr int kLastLanguage = 54;
 
-std::optional<int> wholeNumber(std::string_view text, int smallest, int largest) {
-    int value = 0;
-    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (fault != std::errc() || end != text.data() + text.size() || value < smallest ||
-        value > largest) {
-        return std::nullopt;
-    }
-    return value;
+std::optional<int> numberWithin(std::string_view text, int smallest, int largest) {
+    const auto value = wholeNumber<int>(text);
+    return value && *value >= smallest && *value <= largest ? value : std::nullopt;
 }
 
 class Parser {
@@ -111,7 +106,7 @@ class Parser {
             }
             options_.longPoiCode = form == "long";
         } else if (name_ == "--header") {
-            options_.headerSize = wholeNumber(value(Command::typ), 0, 0xFFFF);
+            options_.headerSize = numberWithin(value(Command::typ), 0, 0xFFFF);
             if (!options_.headerSize || std::find(kHeaderSizes.begin(), kHeaderSizes.end(),
                                                   *options_.headerSize) == kHeaderSizes.end()) {
                 throw WrongUsage{"--header takes 91, 110, 156, 164 or 174"};
@@ -132,7 +127,7 @@ class Parser {
             flag(Command::icons);
             options_.night = true;
         } else if (name_ == "--zoom") {
-            const auto zoom = wholeNumber(value(Command::icons), 1, kLargestFactor);
+            const auto zoom = numberWithin(value(Command::icons), 1, kLargestFactor);
             if (!zoom) {
                 throw WrongUsage{"--zoom takes a whole number from 1 to 8"};
             }
@@ -175,7 +170,7 @@ class Parser {
         return *value_;
     }
     int number() {
-        const auto read = wholeNumber(value(Command::typ), 1, 0xFFFF);
+        const auto read = numberWithin(value(Command::typ), 1, 0xFFFF);
         if (!read) {
             throw WrongUsage{name_ + " takes a whole number from 1 to 65535"};
         }
@@ -200,7 +195,7 @@ class Parser {
             options_.language = value;
             return;
         }
-        const auto number = wholeNumber(value, 0, kLastLanguage);
+        const auto number = numberWithin(value, 0, kLastLanguage);
         if (!number) {
             throw WrongUsage{"--language takes a number from 0 to 54 or the name of a file"};
         }

@@ -8,9 +8,7 @@
 namespace quillmark {
 namespace {
 
-constexpr unsigned kHasPattern = 0x08;
-constexpr unsigned kHasAlpha = 0x40;
-constexpr unsigned kOneWidthByte = 0x02;
+constexpr std::uint8_t kOneWidthByte = colour_bits::kDayTransparent;  // without a border
 constexpr std::size_t kRowBytes = kPatternSide / 8;
 constexpr std::uint8_t kTransparentAlpha = 255;
 
@@ -46,7 +44,7 @@ Couleur withAlpha(Couleur pixel, const Polygone& polygone, int index) {
     if (index < 0 || i >= polygone.Alpha.size() || pixel == kTransparent) {
         return pixel;
     }
-    const bool pattern = (polygone.Entete & kHasPattern) != 0;
+    const bool pattern = (polygone.Entete & polygon_bits::kBitmap) != 0;
     const std::uint8_t alpha = polygone.Alpha[i];
     return seenThrough(pixel, pattern && alpha != kTransparentAlpha ? 0 : alpha);
 }
@@ -68,12 +66,6 @@ void drawRows(Picture& picture, ByteView bits, const Paint& paint) {
     }
 }
 
-// The layouts that polygons are known to have, by the low four bits.
-bool isKnownPolygon(std::uint8_t Entete) {
-    const unsigned layout = Entete & 15U;
-    return layout >= 6 && layout != 10 && layout != 12;
-}
-
 }  // namespace
 
 std::optional<ColourRoles> colourRoles(std::uint8_t Entete) {
@@ -90,7 +82,7 @@ std::optional<ColourRoles> colourRoles(std::uint8_t Entete) {
     if (NombreCouleurs(Entete) < 0) {
         return std::nullopt;
     }
-    return kRoles[Entete & 7U];
+    return kRoles[Entete & colour_bits::kAll];
 }
 
 Picture polygonPicture(const Polygone& polygone, bool night, bool blended) {
@@ -102,11 +94,11 @@ Picture polygonPicture(const Polygone& polygone, bool night, bool blended) {
     }
     const ColourPair& pair = night ? roles->night : roles->day;
     Paint paint = paintOf(polygone.Couleurs, pair);
-    if (blended && (polygone.Entete & kHasAlpha) != 0) {
+    if (blended && (polygone.Entete & polygon_bits::kAlpha) != 0) {
         paint.first = withAlpha(paint.first, polygone, pair.first);
         paint.second = withAlpha(paint.second, polygone, pair.second);
     }
-    if ((polygone.Entete & kHasPattern) != 0) {
+    if ((polygone.Entete & polygon_bits::kBitmap) != 0) {
         picture.image = Image(kPatternSide, kPatternSide, kTransparent);
         drawRows(picture, polygone.Bitmap, paint);
     } else {

@@ -25,7 +25,7 @@ struct ColourRoles {
 [[nodiscard]] std::optional<ColourRoles> colourRoles(std::uint8_t Entete);
 
 [[nodiscard]] constexpr bool hasNightColours(std::uint8_t Entete) {
-    return (Entete & 0x01U) != 0;
+    return (Entete & colour_bits::kNight) != 0;
 }
 
 // The tile of 32 by 32. `blended`: its alpha takes effect; otherwise it is drawn in plain colours.

@@ -270,12 +270,12 @@ void ajuster_bitmap(PoiWorkingForm& form) {
 }
 
 std::uint8_t nightFlags(std::uint8_t Entete, const ImagePOI& day, const ImagePOI& night) {
-    constexpr std::uint8_t ownPixels = 0x01;
-    if ((Entete & 0x02U) == 0) {
+    using point_bits::kOwnNightPixels;
+    if ((Entete & point_bits::kNight) == 0) {
         return Entete;
     }
     const bool shared = day.NbCouleurs > 0 && night.NbCouleurs > 0 && day.Bitmap == night.Bitmap;
-    return static_cast<std::uint8_t>(shared ? Entete & ~ownPixels : Entete | ownPixels);
+    return static_cast<std::uint8_t>(shared ? Entete & ~kOwnNightPixels : Entete | kOwnNightPixels);
 }
 
 Image dessine(const PoiWorkingForm& form) {

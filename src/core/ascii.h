@@ -1,6 +1,9 @@
 // Letters and blanks as files and settings compare and trim them, the same in any locale.
 #pragma once
 
+#include <charconv>
+#include <concepts>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,13 +32,25 @@ namespace quillmark {
 }
 
 // Without the blanks and tabs around it.
-[[nodiscard]] constexpr std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\v\f";
-    const std::size_t first = text.find_first_not_of(kBlanks);
+[[nodiscard]] constexpr std::string_view trimmed(std::string_view text,
+                                                 std::string_view blanks = " \t\v\f") {
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+// Nothing unless all of `text` is a number that fits.
+template <std::integral Number>
+[[nodiscard]] std::optional<Number> wholeNumber(std::string_view text, int base = 10) {
+    Number value = 0;
+    const char* const last = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), last, value, base);
+    if (error != std::errc() || end != last) {
+        return std::nullopt;
+    }
+    return value;
 }
 
 }  // namespace quillmark

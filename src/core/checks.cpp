@@ -1,6 +1,5 @@
 #include "core/checks.h"
 
-#include <charconv>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -14,13 +13,8 @@ constexpr int kLegal = -1;
 constexpr int kRefused = 0;
 
 std::optional<std::int32_t> number(std::string_view text, int base) {
-    text = trimmed(text);
-    std::int32_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-    if (error != std::errc() || end != text.data() + text.size() || value < 0) {
-        return std::nullopt;
-    }
-    return value;
+    const auto value = wholeNumber<std::int32_t>(trimmed(text), base);
+    return value && *value >= 0 ? value : std::nullopt;
 }
 
 int refuse(const std::string& message, const std::string& field, Dialogues& dialogues,

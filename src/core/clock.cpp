@@ -1,11 +1,12 @@
 #include "core/clock.h"
 
-#include <charconv>
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
+
+#include "core/ascii.h"
 
 namespace quillmark {
 namespace {
@@ -17,14 +18,9 @@ std::optional<std::int64_t> fixedMoment() {
     if (variable == nullptr) {
         return std::nullopt;
     }
-    const std::string_view text(variable);
-    std::int64_t seconds = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-    if (error != std::errc() || end != text.data() + text.size() || seconds < 0 ||
-        seconds > kEndOfYear9999) {
-        return std::nullopt;
-    }
-    return seconds;
+    const auto seconds = wholeNumber<std::int64_t>(variable);
+    const bool fits = seconds && *seconds >= 0 && *seconds <= kEndOfYear9999;
+    return fits ? seconds : std::nullopt;
 }
 
 DateTime utc(std::int64_t seconds) {

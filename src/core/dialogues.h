@@ -8,6 +8,9 @@
 
 namespace quillmark {
 
+// Within messages and journals.
+inline constexpr const char* kLineBreak = "\r\n";
+
 // The buttons in the low four bits, any other value there is `ok`; the icon above them.
 enum class MessageStyle : int {
     ok = 0,

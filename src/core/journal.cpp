@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/dialogues.h"
 #include "core/translation.h"
 
 namespace quillmark {
 namespace {
-
-constexpr std::string_view kLineBreak = "\r\n";
 
 std::string composeKind(const std::vector<const JournalEntry*>& entries) {
     std::string text;
@@ -90,7 +89,6 @@ std::string lblErreurs(bool errors, const Traduction& traduction) {
 
 std::string composeJournal(std::initializer_list<const Journal*> journals,
                            const std::string& documentPath, const Traduction& traduction) {
-    const std::string lineBreak(kLineBreak);
     const std::string rule(150, '-');
     std::string errors;
     std::string warnings;
@@ -98,15 +96,15 @@ std::string composeJournal(std::initializer_list<const Journal*> journals,
         errors += journal->JournalErreurs();
         warnings += journal->JournalAvertissements();
     }
-    std::string text = documentPath + lineBreak + lineBreak;
+    std::string text = documentPath + kLineBreak + kLineBreak;
     if (!errors.empty()) {
-        text += rule + lineBreak +
+        text += rule + kLineBreak +
                 traduction.Trad("Erreurs", "Erreurs rencontrées dans le fichier", "msgErreur") +
-                lineBreak + rule + errors + lineBreak + lineBreak;
+                kLineBreak + rule + errors + kLineBreak + kLineBreak;
     }
     if (!warnings.empty()) {
-        text += lineBreak + rule + lineBreak +
-                traduction.Trad("Erreurs", "Avertissements", "msgWarning") + lineBreak + rule +
+        text += kLineBreak + rule + kLineBreak +
+                traduction.Trad("Erreurs", "Avertissements", "msgWarning") + kLineBreak + rule +
                 warnings;
     }
     return text;

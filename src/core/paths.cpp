@@ -4,7 +4,7 @@
 
 namespace quillmark {
 
-std::filesystem::path pathFromUtf8(const std::string& path) {
+std::filesystem::path pathFromUtf8(std::string_view path) {
     return {std::u8string(path.begin(), path.end())};
 }
 

@@ -3,10 +3,11 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace quillmark {
 
-[[nodiscard]] std::filesystem::path pathFromUtf8(const std::string& path);
+[[nodiscard]] std::filesystem::path pathFromUtf8(std::string_view path);
 [[nodiscard]] std::string utf8FromPath(const std::filesystem::path& path);
 
 // Without ".". A ".." stays with all before it: behind a link it is another folder than it looks.

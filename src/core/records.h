@@ -24,13 +24,45 @@ enum class ObjectKind : std::int16_t {
 // A 32 by 32 one-bit pattern: 4 bytes a row, lowest bit first.
 inline constexpr std::size_t kPolygonBitmapSize = 128;
 
+// Bits of the first byte of polygons and lines: how many colours there are, and for what.
+namespace colour_bits {
+inline constexpr std::uint8_t kNight = 0x01;
+inline constexpr std::uint8_t kDayTransparent = 0x02;  // one colour by day
+inline constexpr std::uint8_t kNightTransparent = 0x04;
+inline constexpr std::uint8_t kAll = 0x07;
+}  // namespace colour_bits
+
+// The other bits of a polygon's first byte.
+namespace polygon_bits {
+inline constexpr std::uint8_t kBitmap = 0x08;
+inline constexpr std::uint8_t kStrings = 0x10;
+inline constexpr std::uint8_t kExtendedLabels = 0x20;
+inline constexpr std::uint8_t kAlpha = 0x40;
+inline constexpr std::uint8_t kUnknown = 0x80;
+inline constexpr std::uint8_t kLayout = colour_bits::kAll | kBitmap;
+}  // namespace polygon_bits
+
+// Bits of a line's second byte.
+namespace line_bits {
+inline constexpr std::uint8_t kStrings = 0x01;
+inline constexpr std::uint8_t kNoOrientation = 0x02;  // `UseOrientation` is off
+inline constexpr std::uint8_t kExtendedLabels = 0x04;
+}  // namespace line_bits
+
+// Bits of a point's first byte.
+namespace point_bits {
+inline constexpr std::uint8_t kOwnNightPixels = 0x01;
+inline constexpr std::uint8_t kNight = 0x02;
+inline constexpr std::uint8_t kStrings = 0x04;
+inline constexpr std::uint8_t kExtendedLabels = 0x08;
+}  // namespace point_bits
+
 // The pattern decoded to one byte a pixel isn't kept here: views decode it when they need it.
 struct Polygone {
     std::string Type;         // 3 lower-case hexadecimal digits
     std::string SubType;      // 2 lower-case hexadecimal digits
     std::string Offset;       // decimal, from the start of the polygon data
-    std::uint8_t Entete = 0;  // 0x01 night, 0x02 and 0x04 transparent by day and night,
-                              // 0x08 bitmap, 0x10 strings, 0x20 extended labels, 0x40 alpha
+    std::uint8_t Entete = 0;  // colour_bits and polygon_bits
     Bytes Couleurs;           // 3 bytes a colour, blue first
     Bytes Alpha;              // one byte a colour
     std::array<std::uint8_t, kPolygonBitmapSize> Bitmap{};
@@ -47,8 +79,8 @@ struct Polyline {
     std::string Type;
     std::string SubType;
     std::string Offset;        // decimal, from the start of the polyline data
-    std::uint8_t Entete = 0;   // colour kind in bits 0 to 2, bitmap rows in bits 3 to 7
-    std::uint8_t Entete2 = 0;  // 0x01 strings, 0x02 `UseOrientation` off, 0x04 extended labels
+    std::uint8_t Entete = 0;   // colour_bits, and the number of bitmap rows in bits 3 to 7
+    std::uint8_t Entete2 = 0;  // line_bits
     Bytes Couleurs;
     Bytes Bitmap;  // 4 bytes a row, or the one or two width bytes without rows
     Bytes Strings;
@@ -79,8 +111,7 @@ struct POI {
     std::string Type;
     std::string SubType;
     std::int32_t Offset = 0;   // from the start of the POI data, in bytes
-    std::uint8_t Entete = 0;   // 0x01 night pixels of its own, 0x02 night picture,
-                               // 0x04 strings, 0x08 extended labels
+    std::uint8_t Entete = 0;   // point_bits
     std::uint8_t Largeur = 0;  // pixels
     std::uint8_t Hauteur = 0;
     std::array<ImagePOI, 2> Image;  // day, night
@@ -107,7 +138,12 @@ struct ExtraPOI {
 // names no layout.
 [[nodiscard]] constexpr int NombreCouleurs(std::uint8_t Entete) {
     constexpr std::array<int, 8> counts{2, 4, -1, 3, -1, 3, 1, 2};
-    return counts[Entete & 7U];
+    return counts[Entete & colour_bits::kAll];
+}
+// Whether a polygon is known to have this layout; text can spell no other.
+[[nodiscard]] constexpr bool isKnownPolygon(std::uint8_t Entete) {
+    const int layout = Entete & polygon_bits::kLayout;
+    return layout >= 6 && layout != 10 && layout != 12;
 }
 
 // `Type` and `SubType` from the 16-bit value of an index entry, and back. Digits that aren't

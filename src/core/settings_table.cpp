@@ -15,16 +15,6 @@ constexpr int kTwipsPerPixel = 15;
 // Far beyond any screen, and safe to compute with.
 constexpr double kLargestTwips = 1.0e7;
 
-std::optional<int> wholeNumber(std::string_view text) {
-    text = trimmed(text);
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return value;
-}
-
 std::optional<int> pixelsOf(std::string_view text) {
     std::string number(trimmed(text));
     std::replace(number.begin(), number.end(), ',', '.');
@@ -53,12 +43,12 @@ bool Settings::boolean(const SettingKey& key) const {
 }
 
 int Settings::number(const SettingKey& key) const {
-    const std::optional<int> value = wholeNumber(text(key));
+    const std::optional<int> value = wholeNumber<int>(trimmed(text(key)));
     const bool bounded = key.form == SettingForm::number;
     if (value && (!bounded || (*value >= key.low && *value <= key.high))) {
         return *value;
     }
-    return wholeNumber(key.defaut).value_or(0);
+    return wholeNumber<int>(key.defaut).value_or(0);
 }
 
 int Settings::pixels(const SettingKey& key) const {

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "core/ascii.h"
+
 namespace quillmark {
 namespace {
 
@@ -26,15 +28,6 @@ bool takePoint(std::string_view& text) {
     return true;
 }
 
-std::string_view withoutBlanks(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n\v\f";
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 }  // namespace
 
 std::string Version::text() const {
@@ -43,7 +36,7 @@ std::string Version::text() const {
 }
 
 std::optional<Version> readVersion(std::string_view note) {
-    note = withoutBlanks(note);
+    note = trimmed(note, " \t\r\n\v\f");
     if (!note.empty() && note.front() == 'v') {
         note.remove_prefix(1);
     }

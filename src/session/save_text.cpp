@@ -5,15 +5,14 @@
 namespace quillmark {
 namespace {
 
-constexpr const char* kLineBreak = "\r\n";
-
 // Pictures without palette are nothing but pixels, which a text without them would lose.
 bool hasTrueColours(const Document& document) {
     const auto isTrueColour = [](const POI& poi, std::size_t i) {
         return poi.Largeur > 0 && poi.Hauteur > 0 && poi.Image[i].NbCouleurs == 0;
     };
     return std::any_of(document.POI.begin(), document.POI.end(), [&](const POI& poi) {
-        return isTrueColour(poi, 0) || ((poi.Entete & 0x02U) != 0 && isTrueColour(poi, 1));
+        return isTrueColour(poi, 0) ||
+               ((poi.Entete & point_bits::kNight) != 0 && isTrueColour(poi, 1));
     });
 }
 

@@ -1,5 +1,5 @@
-#include <charconv>
 
+#include "core/ascii.h"
 #include "core/files.h"
 #include "session/save.h"
 #include "session/save_target.h"
@@ -7,7 +7,6 @@
 namespace quillmark {
 namespace {
 
-constexpr const char* kLineBreak = "\r\n";
 constexpr const char* kProduct = "Quillmark";
 
 // Header sizes, in bytes, from which on these are held.
@@ -31,10 +30,8 @@ bool giveUp(const std::string& what, const std::string& remedy, const std::strin
 }
 
 bool isHeaderNumber(const std::string& text) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && value >= 0 &&
-           value <= kLargestHeaderNumber;
+    const auto value = wholeNumber<int>(text);
+    return value && *value >= 0 && *value <= kLargestHeaderNumber;
 }
 
 bool mayLoseLabels(const Document& document, Dialogues& dialogues, const Traduction& traduction) {

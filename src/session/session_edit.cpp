@@ -1,7 +1,7 @@
 // Edits of the document, and undoing them.
 #include <algorithm>
-#include <charconv>
 
+#include "core/ascii.h"
 #include "session/counterpart.h"
 #include "session/session.h"
 #include "session/session_running.h"
@@ -25,10 +25,8 @@ bool isAllowed(const std::string& text) {
     if (text.empty()) {
         return true;
     }
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && value >= 1 &&
-           value <= kLargestHeaderNumber;
+    const auto value = wholeNumber<int>(text);
+    return value && *value >= 1 && *value <= kLargestHeaderNumber;
 }
 
 template <typename Record>

@@ -12,8 +12,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLineBreak = "\r\n";
-
 bool hasExtension(const fs::path& file, std::string_view extension) {
     return loweredAscii(utf8FromPath(file.extension())) == extension;
 }

@@ -11,8 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kLineBreak = "\r\n";
-
 }  // namespace
 
 // What a save writes, and the text that shows the document as it will stand.

@@ -12,7 +12,6 @@
 namespace quillmark {
 namespace {
 
-constexpr const char* kLineBreak = "\r\n";
 // What the generator writes in place of pixels that the preferences leave out.
 constexpr const char* kWithoutPixels = "pas de palette";
 

@@ -40,7 +40,6 @@ inline constexpr std::array<char, 4> kPatternCodes{'!', '#', '3', '4'};
 
 // Rows of a line's bitmap have 5 bits in the record.
 inline constexpr int kMaxLineRows = 31;
-inline constexpr int kPatternSide = 32;
 
 inline constexpr std::array<std::string_view, 5> kFontStyles{
     "Default", "NoLabel (invisible)", "SmallFont", "NormalFont", "LargeFont"};

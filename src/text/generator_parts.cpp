@@ -11,9 +11,9 @@
 namespace quillmark {
 namespace {
 
-constexpr std::uint8_t kNight = 0x01;
-constexpr std::uint8_t kDayTransparent = 0x02;
-constexpr std::uint8_t kNightTransparent = 0x04;
+using colour_bits::kDayTransparent;
+using colour_bits::kNight;
+using colour_bits::kNightTransparent;
 
 void writeAlpha(TextWriter& out, const Bytes* Alpha, std::size_t index) {
     if (Alpha != nullptr && index < Alpha->size()) {

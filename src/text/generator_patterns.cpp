@@ -23,8 +23,7 @@ std::string objectPlace(const std::string& Type, const std::string& SubType) {
 
 // The layouts that text can spell; the others come back as something else.
 bool textHolds(const Polygone& polygone) {
-    const unsigned layout = polygone.Entete & 15U;
-    return NombreCouleurs(polygone.Entete) > 0 && layout >= 6 && layout != 10 && layout != 12;
+    return NombreCouleurs(polygone.Entete) > 0 && isKnownPolygon(polygone.Entete);
 }
 
 void writeWidths(ObjectLines& object, const Polyline& line) {
@@ -51,13 +50,13 @@ void writeLineXpm(TextWriter& out, const Polyline& line) {
     const int rows = line.Entete >> 3;
     const ByteView colours = line.Couleurs;
     if (rows > 0) {
-        const bool night = (line.Entete & 1U) != 0;
+        const bool night = (line.Entete & colour_bits::kNight) != 0;
         out.raw("Xpm=\"32 ").number(rows).raw(night ? " 4  1\"" : " 2  1\"").end();
         writePatternPalette(out, line.Entete, colours, nullptr);
         writePatternRows(out, line.Entete, line.Bitmap);
         return;
     }
-    if ((line.Entete & 7U) == 3) {
+    if ((line.Entete & colour_bits::kAll) == (colour_bits::kNight | colour_bits::kDayTransparent)) {
         // A line without border by day and with one by night: only the four numbers with "none"
         // in the second place tell it from its opposite.
         out.line("Xpm=\"0 0 4 0\"");
@@ -77,23 +76,24 @@ void AffichePolygone(const Polygone& polygone, const GeneratorContext& context, 
                      std::string& text, Journal& journal) {
     TextWriter out(text);
     ObjectLines object{context, CodePage, out, journal, polygone.Type, polygone.SubType};
-    const bool hasPattern = (polygone.Entete & 0x08U) != 0;
-    const Bytes* alpha = (polygone.Entete & 0x40U) != 0 ? &polygone.Alpha : nullptr;
+    const bool hasPattern = (polygone.Entete & polygon_bits::kBitmap) != 0;
+    const Bytes* alpha = (polygone.Entete & polygon_bits::kAlpha) != 0 ? &polygone.Alpha : nullptr;
 
     out.line(format::kPolygon);
     writeTypeLine(object);
     writeDescription(object, "Polygons");
     writeComment(object, polygone.Comment);
-    if ((polygone.Entete & 0x10U) != 0) {
+    if ((polygone.Entete & polygon_bits::kStrings) != 0) {
         writeStrings(object, polygone.Strings, [](const GeneratorContext& c) {
             return translate(c, "Main", "Problème de lecture des strings du polygone",
                              "msgProblemeStringPolygone");
         });
     }
     writeCustomName(object, polygone.CustomMPCName);
-    lecture_ExtendedLabels(object, (polygone.Entete & 0x20U) != 0, polygone.ExtendedLabels);
+    lecture_ExtendedLabels(object, (polygone.Entete & polygon_bits::kExtendedLabels) != 0,
+                           polygone.ExtendedLabels);
     if (hasPattern) {
-        const bool night = (polygone.Entete & 1U) != 0;
+        const bool night = (polygone.Entete & colour_bits::kNight) != 0;
         out.line(night ? "Xpm=\"32 32 4 1\"" : "Xpm=\"32 32 2 1\"");
         writePatternPalette(out, polygone.Entete, polygone.Couleurs, alpha);
         writePatternRows(out, polygone.Entete, polygone.Bitmap);
@@ -123,18 +123,20 @@ void AffichePolyline(const Polyline& polyline, const GeneratorContext& context, 
         out.raw("Activity=").line(activityName(polyline.ActiveRouting));
     }
     writeComment(object, polyline.Comment);
-    out.line((polyline.Entete2 & 0x02U) == 0 ? "UseOrientation=Y" : "UseOrientation=N");
+    out.line((polyline.Entete2 & line_bits::kNoOrientation) == 0 ? "UseOrientation=Y"
+                                                                 : "UseOrientation=N");
     if (polyline.Entete >> 3 == 0) {
         writeWidths(object, polyline);
     }
-    if ((polyline.Entete2 & 0x01U) != 0) {
+    if ((polyline.Entete2 & line_bits::kStrings) != 0) {
         writeStrings(object, polyline.Strings, [](const GeneratorContext& c) {
             return translate(c, "Main", "Problème de lecture des strings de la polyline",
                              "msgProblemeStringPolyline");
         });
     }
     writeCustomName(object, polyline.CustomMPCName);
-    lecture_ExtendedLabels(object, (polyline.Entete2 & 0x04U) != 0, polyline.ExtendedLabels);
+    lecture_ExtendedLabels(object, (polyline.Entete2 & line_bits::kExtendedLabels) != 0,
+                           polyline.ExtendedLabels);
     writeLineXpm(out, polyline);
     out.line(format::kObjectEnd);
     if (NombreCouleurs(polyline.Entete) < 0) {

@@ -180,16 +180,17 @@ void AffichePOI(const POI& poi, const GeneratorContext& context, int CodePage, s
     }
     writeDescription(object, "POI");
     writeComment(object, poi.Comment);
-    if ((poi.Entete & 0x04U) != 0) {
+    if ((poi.Entete & point_bits::kStrings) != 0) {
         writeStrings(object, poi.Strings, [](const GeneratorContext& c) {
             return translate(c, "Main", "Problème de lecture des strings du POI",
                              "msgProblemeStringPOI");
         });
     }
     writeCustomName(object, poi.CustomMPCName);
-    lecture_ExtendedLabels(object, (poi.Entete & 0x08U) != 0, poi.ExtendedLabels);
+    lecture_ExtendedLabels(object, (poi.Entete & point_bits::kExtendedLabels) != 0,
+                           poi.ExtendedLabels);
     bool complete = writePicture(out, {poi.Image[0], poi.Largeur, poi.Hauteur, true}, context);
-    if ((poi.Entete & 0x02U) != 0) {
+    if ((poi.Entete & point_bits::kNight) != 0) {
         complete =
             writePicture(out, {poi.Image[1], poi.Largeur, poi.Hauteur, false}, context) && complete;
     }

@@ -1,15 +1,16 @@
 // Sections of polygons and lines.
 #include <algorithm>
 
+#include "bitmap/patterns.h"
 #include "text/format.h"
 #include "text/parser_sections.h"
 
 namespace quillmark {
 namespace {
 
-constexpr std::uint8_t kNight = 0x01;
-constexpr std::uint8_t kDayTransparent = 0x02;
-constexpr std::uint8_t kNightTransparent = 0x04;
+using colour_bits::kDayTransparent;
+using colour_bits::kNight;
+using colour_bits::kNightTransparent;
 constexpr std::uint8_t kOneColour = kDayTransparent | kNightTransparent;
 
 // The colours of a record and the three low bits that name their layout; always in step.
@@ -133,8 +134,9 @@ void finishPolygon(ParserContext& context, std::size_t firstLine, Polygone& poly
         tellLosses(context, pattern, layout);
     }
     const bool hasRows = pattern.given && pattern.hasRows;
-    polygone.Entete |= static_cast<std::uint8_t>(layout.bits | (hasRows ? 0x08 : 0) |
-                                                 (polygone.Alpha.empty() ? 0 : 0x40));
+    polygone.Entete |=
+        static_cast<std::uint8_t>(layout.bits | (hasRows ? polygon_bits::kBitmap : 0) |
+                                  (polygone.Alpha.empty() ? 0 : polygon_bits::kAlpha));
     std::copy(pattern.rows.begin(), pattern.rows.end(), polygone.Bitmap.begin());
     polygone.Longueur = static_cast<std::int32_t>(
         1 + polygone.Couleurs.size() + (hasRows ? kPolygonBitmapSize : 0) +
@@ -218,13 +220,13 @@ Polygone parsePolygon(ParserContext& context) {
     ParsedPattern pattern;
     const std::size_t firstLine = context.source.index() - 1;
     runSection(context, [&](std::string_view line) {
-        if (handleCommonKey(context, line, polygone, polygone.Entete, 0x10)) {
+        if (handleCommonKey(context, line, polygone, polygone.Entete, polygon_bits::kStrings)) {
             return true;
         }
         if (beginsWith(line, "xpm=")) {
-            pattern = parsePattern(context, format::kPatternSide);
+            pattern = parsePattern(context, kPatternSide);
         } else if (beginsWith(line, "extendedlabels=y")) {
-            polygone.Entete |= 0x20;
+            polygone.Entete |= polygon_bits::kExtendedLabels;
             polygone.ExtendedLabels = parseExtendedLabels(context);
         } else if (beginsWith(line, "extendedlabels=")) {
             context.source.next();
@@ -241,18 +243,18 @@ Polygone parsePolygon(ParserContext& context) {
 
 Polyline parseLine(ParserContext& context) {
     Polyline polyline;
-    polyline.Entete2 = 0x02;
+    polyline.Entete2 = line_bits::kNoOrientation;
     ParsedPattern pattern;
     Widths widths;
     const std::size_t firstLine = context.source.index() - 1;
     runSection(context, [&](std::string_view line) {
-        if (handleCommonKey(context, line, polyline, polyline.Entete2, 0x01)) {
+        if (handleCommonKey(context, line, polyline, polyline.Entete2, line_bits::kStrings)) {
             return true;
         }
         if (beginsWith(line, "activity=")) {
             parseActivity(line.substr(9), polyline.ActiveRouting);
         } else if (beginsWith(line, "useorientation=y")) {
-            polyline.Entete2 &= 0xFD;
+            polyline.Entete2 &= static_cast<std::uint8_t>(~line_bits::kNoOrientation);
         } else if (beginsWith(line, "linewidth")) {
             parseWidth(context, 10, widths.line);
             return true;
@@ -265,7 +267,7 @@ Polyline parseLine(ParserContext& context) {
             pattern = parsePattern(context, format::kMaxLineRows);
             return true;
         } else if (beginsWith(line, "extendedlabels=y")) {
-            polyline.Entete2 |= 0x04;
+            polyline.Entete2 |= line_bits::kExtendedLabels;
             polyline.ExtendedLabels = parseExtendedLabels(context);
             return true;
         } else if (!beginsWith(line, "extendedlabels=") && !beginsWith(line, "useorientation=")) {

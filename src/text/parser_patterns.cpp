@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "bitmap/patterns.h"
 #include "text/format.h"
 #include "text/parser_sections.h"
 
@@ -111,7 +112,7 @@ ParsedPattern parsePattern(ParserContext& context, int maxRows) {
         if (isLine && header.fields[1] > maxRows) {
             context.tell(Fault::tooManyRows);
         }
-        if (header.fields[0] != format::kPatternSide || (!isLine && header.fields[1] != maxRows)) {
+        if (header.fields[0] != kPatternSide || (!isLine && header.fields[1] != maxRows)) {
             context.tell(Fault::patternSize);
         }
         // All rows are there from the start: a section that ends early leaves the rest clear.

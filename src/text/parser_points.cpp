@@ -294,14 +294,14 @@ void finishPictures(ParserContext& context, POI& poi, ParsedPicture& day, Parsed
     poi.Hauteur = static_cast<std::uint8_t>(day.height);
     poi.Image[0] = std::move(day.image);
     if (night.given && fits) {
-        poi.Entete |= 0x02;
+        poi.Entete |= point_bits::kNight;
         poi.Image[1] = std::move(night.image);
     }
 }
 
 std::int32_t lengthOf(const POI& poi) {
     std::size_t length = 5 + poi.Image[0].Couleurs.size() + poi.Image[0].Bitmap.size();
-    if ((poi.Entete & 0x02U) != 0) {
+    if ((poi.Entete & point_bits::kNight) != 0) {
         length += 2 + poi.Image[1].Couleurs.size() + poi.Image[1].Bitmap.size();
     }
     return static_cast<std::int32_t>(length + poi.Strings.size() + poi.ExtendedLabels.size());
@@ -361,7 +361,8 @@ ParsedPicture parsePicture(ParserContext& context) {
 
 POI parsePoint(ParserContext& context) {
     POI poi;
-    poi.Entete = 0x01;  // a night picture of text always has pixels of its own
+    poi.Entete =
+        point_bits::kOwnNightPixels;  // a night picture of text always has pixels of its own
     ParsedPicture day;
     ParsedPicture night;
     const std::size_t firstLine = context.source.index() - 1;
@@ -371,12 +372,12 @@ POI parsePoint(ParserContext& context) {
         } else if (beginsWith(line, "nightxpm=")) {
             night = parsePicture(context);
         } else if (beginsWith(line, "extendedlabels=y")) {
-            poi.Entete |= 0x08;
+            poi.Entete |= point_bits::kExtendedLabels;
             poi.ExtendedLabels = parseExtendedLabels(context);
         } else if (beginsWith(line, "extendedlabels=")) {
             context.source.next();
         } else {
-            return handleCommonKey(context, line, poi, poi.Entete, 0x04);
+            return handleCommonKey(context, line, poi, poi.Entete, point_bits::kStrings);
         }
         return true;
     });

@@ -8,10 +8,10 @@
 namespace quillmark {
 namespace {
 
-constexpr std::uint8_t kOwnNightPixels = 0x01;
-constexpr std::uint8_t kNight = 0x02;
-constexpr std::uint8_t kStrings = 0x04;
-constexpr std::uint8_t kExtendedLabels = 0x08;
+using point_bits::kExtendedLabels;
+using point_bits::kNight;
+using point_bits::kOwnNightPixels;
+using point_bits::kStrings;
 
 constexpr std::size_t kHeadSize = 5;  // up to the day picture's colour mode
 constexpr std::size_t kPairSize = 2;  // NbCouleurs and ColorMode of the night picture

@@ -7,12 +7,11 @@
 namespace quillmark {
 namespace {
 
-constexpr std::uint8_t kBitmap = 0x08;
-constexpr std::uint8_t kStrings = 0x10;
-constexpr std::uint8_t kExtendedLabels = 0x20;
-constexpr std::uint8_t kAlpha = 0x40;
-constexpr std::uint8_t kUnknown = 0x80;
-constexpr std::uint8_t kLayoutBits = 0x0F;
+using polygon_bits::kAlpha;
+using polygon_bits::kBitmap;
+using polygon_bits::kExtendedLabels;
+using polygon_bits::kStrings;
+using polygon_bits::kUnknown;
 
 // Surplus bytes shown in a warning at most.
 constexpr std::size_t kMaxDump = 4096;
@@ -54,9 +53,7 @@ std::string surplusDump(ByteView surplus) {
 void warn(ReadContext& context, const Polygone& polygon, std::size_t position, std::int64_t room,
           std::size_t end) {
     const auto expected = static_cast<std::int64_t>(recordSize(polygon));
-    const std::uint8_t layout = polygon.Entete & kLayoutBits;
-    const bool knownLayout = layout >= 6 && layout != 10 && layout != 12;
-    if (room == expected && (polygon.Entete & kUnknown) == 0 && knownLayout) {
+    if (room == expected && (polygon.Entete & kUnknown) == 0 && isKnownPolygon(polygon.Entete)) {
         return;
     }
     if (!context.journalOpen()) {
@@ -80,7 +77,7 @@ void warn(ReadContext& context, const Polygone& polygon, std::size_t position, s
             context.Trad("Main", "Données inconnues dans le polygone", "msgErreurPolygone3") +
             object + ", " + surplusDump(file.subspan(from, std::min(wanted, file.size() - from))));
     }
-    if (!knownLayout) {
+    if (!isKnownPolygon(polygon.Entete)) {
         context.add(JournalKind::warning, context.Trad("Main", "Attention", "msgWarning") +
                                               ": Polygone de type inconnu. Son header est: " +
                                               std::to_string(polygon.Entete) + "    ");

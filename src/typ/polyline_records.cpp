@@ -6,9 +6,9 @@
 namespace quillmark {
 namespace {
 
-constexpr std::uint8_t kOneWidth = 0x02;
-constexpr std::uint8_t kStrings = 0x01;
-constexpr std::uint8_t kExtendedLabels = 0x04;
+constexpr std::uint8_t kOneWidth = colour_bits::kDayTransparent;  // without a border
+using line_bits::kExtendedLabels;
+using line_bits::kStrings;
 constexpr std::size_t kRowSize = 4;
 
 std::size_t bitmapSize(std::uint8_t Entete) {

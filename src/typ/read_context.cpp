@@ -1,5 +1,7 @@
 #include "typ/read_context.h"
 
+#include "core/dialogues.h"
+
 namespace quillmark {
 namespace {
 
@@ -12,8 +14,6 @@ constexpr std::size_t kCostBase = 8 * kMiB;
 constexpr std::size_t kPaddingLimit = 2 * kMiB;
 constexpr std::size_t kJournalBase = 2 * kMiB;
 constexpr std::size_t kJournalEntryCost = 256;
-
-constexpr const char* kLineBreak = "\r\n";
 
 }  // namespace
 

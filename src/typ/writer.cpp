@@ -1,9 +1,9 @@
 #include "typ/writer.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 
+#include "core/ascii.h"
 #include "typ/draw_order_section.h"
 #include "typ/extra_poi_section.h"
 #include "typ/header.h"
@@ -19,13 +19,11 @@ namespace {
 constexpr std::size_t kMaxFileSize = std::numeric_limits<std::int32_t>::max();
 
 std::uint16_t headerNumber(const std::string& text) {
-    std::uint16_t value = 0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end) {
+    const auto value = wholeNumber<std::uint16_t>(text);
+    if (!value) {
         throw Failure(ErrorNumber::conversion, "nombre de 0 à 65535 attendu : " + text);
     }
-    return value;
+    return *value;
 }
 
 void checkCounts(const Document& document) {

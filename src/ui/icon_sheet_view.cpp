@@ -8,20 +8,15 @@
 
 #include "paint/qt_image.h"
 #include "ui/qt_text.h"
+#include "ui/text_theme.h"
 
 namespace quillmark {
 namespace {
 
 constexpr int kWheelStep = 120;  // eighths of a degree, as mice count a step
 constexpr int kRowsPerStep = 1;
-constexpr int kSidewaysStep = 20;  // pixels
-
-// Near the ground, yet to be seen on it in any theme.
-QColor frameTone(const QColor& ground, const QColor& text) {
-    const auto mixed = [](int a, int b) { return (4 * a + b) / 5; };
-    return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()),
-            mixed(ground.blue(), text.blue())};
-}
+constexpr int kSidewaysStep = 20;   // pixels
+constexpr double kFrameTone = 0.2;  // near the ground, yet to be seen on it in any theme
 
 }  // namespace
 
@@ -39,7 +34,7 @@ void IconSheetView::setOptions(const SheetOptions& options, const QFont& font, G
     theme_.font = font;
     theme_.ground = palette().color(QPalette::Base);
     theme_.selection = palette().color(QPalette::Highlight);
-    theme_.frame = frameTone(theme_.ground, palette().color(QPalette::Text));
+    theme_.frame = mixed(theme_.ground, palette().color(QPalette::Text), kFrameTone);
     theme_.picture = ground;
     cells_.setTheme(theme_);
     SheetOptions own = options;

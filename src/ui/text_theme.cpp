@@ -1,25 +1,8 @@
 #include "ui/text_theme.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace quillmark {
-namespace {
-
-double luminance(const QColor& colour) {
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-}  // namespace
-
-double contrast(const QColor& a, const QColor& b) {
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
-}
 
 QColor mixed(const QColor& a, const QColor& b, double amount) {
     const auto part = [amount](int from, int to) {
@@ -47,7 +30,7 @@ TextTheme textTheme(const QPalette& palette) {
     theme.base = palette.color(QPalette::Active, QPalette::Base);
     theme.text = palette.color(QPalette::Active, QPalette::Text);
     const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
-    const bool dark = luminance(theme.base) < luminance(theme.text);
+    const bool dark = theme.base.lightness() < theme.text.lightness();
     theme.comment = dark ? QColor(0x8C, 0xC4, 0x8C) : QColor(0x2A, 0x6B, 0x2A);
     theme.section = dark ? QColor(0x8A, 0xB8, 0xFF) : QColor(0x1A, 0x3F, 0xD0);
     theme.key = dark ? QColor(0xFF, 0xA3, 0x94) : QColor(0xA8, 0x1C, 0x1C);

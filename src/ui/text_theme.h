@@ -26,8 +26,6 @@ struct TextTheme {
 };
 
 [[nodiscard]] TextTheme textTheme(const QPalette& palette);
-// How well a colour can be read on another, 1 to 21; text needs 4.5.
-[[nodiscard]] double contrast(const QColor& a, const QColor& b);
 // `amount` of `b` over `a`, 0 to 1.
 [[nodiscard]] QColor mixed(const QColor& a, const QColor& b, double amount);
 

@@ -1,7 +1,6 @@
 #include "views/document_card.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 
 #include "core/ascii.h"
@@ -18,16 +17,6 @@ std::string modif(const Traduction& traduction) {
 
 bool isUtf8Text(const SessionFacts& facts) {
     return facts.OuvertEnTexte && facts.utf8;
-}
-
-std::optional<std::uint32_t> wholeNumber(std::string_view text) {
-    text = trimmed(text);
-    std::uint32_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc() || end != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return value;
 }
 
 template <std::size_t N>
@@ -116,7 +105,7 @@ std::vector<CardNotice> cardNotices(int errors, int warnings, const Traduction& 
 }
 
 std::string headerFieldTip(HeaderField field, const std::string& text) {
-    const std::optional<std::uint32_t> value = wholeNumber(text);
+    const std::optional<std::uint32_t> value = wholeNumber<std::uint32_t>(trimmed(text));
     if (!value) {
         return {};
     }
@@ -160,7 +149,7 @@ std::string cbbHeadersizeTip(int TailleEntete, const Traduction& traduction) {
 std::vector<std::string> lstFIDs(const std::string& FID, const Profile& mapIds,
                                  const Traduction& traduction) {
     std::vector<std::string> names;
-    const std::optional<std::uint32_t> number = wholeNumber(FID);
+    const std::optional<std::uint32_t> number = wholeNumber<std::uint32_t>(trimmed(FID));
     const std::string found =
         number ? mapIds.find("Normal", std::to_string(*number)).value_or("") : "";
     for (std::string_view rest = found; !rest.empty();) {

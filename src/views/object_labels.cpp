@@ -8,7 +8,7 @@ namespace quillmark {
 const Bytes* stringsOf(const Document& document, const ObjectRef& object) {
     const auto when = [](bool has, const Bytes& strings) { return has ? &strings : nullptr; };
     if (const POI* point = pointOf(document, object)) {
-        return when((point->Entete & 0x04U) != 0, point->Strings);
+        return when((point->Entete & point_bits::kStrings) != 0, point->Strings);
     }
     if (!exists(document, object)) {
         return nullptr;
@@ -16,11 +16,11 @@ const Bytes* stringsOf(const Document& document, const ObjectRef& object) {
     const auto index = static_cast<std::size_t>(object.index);
     if (object.kind == ObjectKind::Polygone) {
         const Polygone& polygon = document.Polygone[index];
-        return when((polygon.Entete & 0x10U) != 0, polygon.Strings);
+        return when((polygon.Entete & polygon_bits::kStrings) != 0, polygon.Strings);
     }
     if (object.kind == ObjectKind::Polyline) {
         const Polyline& line = document.Polyline[index];
-        return when((line.Entete2 & 0x01U) != 0, line.Strings);
+        return when((line.Entete2 & line_bits::kStrings) != 0, line.Strings);
     }
     return nullptr;
 }

@@ -6,8 +6,6 @@
 namespace quillmark {
 namespace {
 
-constexpr unsigned kNightPicture = 0x02;  // in a point's first byte
-
 void append(std::string& content, ByteView bytes) {
     // The length in front keeps neighbouring parts apart.
     content += std::to_string(bytes.size());
@@ -20,10 +18,10 @@ void appendByte(std::string& content, unsigned value) {
 }
 
 void append(std::string& content, const POI& poi) {
-    appendByte(content, poi.Entete & kNightPicture);
+    appendByte(content, poi.Entete & point_bits::kNight);
     appendByte(content, poi.Largeur);
     appendByte(content, poi.Hauteur);
-    const std::size_t images = (poi.Entete & kNightPicture) != 0 ? 2 : 1;
+    const std::size_t images = (poi.Entete & point_bits::kNight) != 0 ? 2 : 1;
     for (std::size_t i = 0; i < images; ++i) {
         const ImagePOI& image = poi.Image[i];
         appendByte(content, image.NbCouleurs);
@@ -70,7 +68,7 @@ ObjectPictures AffichePolyline(const Polyline& polyline, bool /*blended*/) {
 
 ObjectPictures AffichePOI(const POI& poi, bool blended) {
     ObjectPictures pictures;
-    pictures.hasNight = (poi.Entete & kNightPicture) != 0;
+    pictures.hasNight = (poi.Entete & point_bits::kNight) != 0;
     pictures.day = poiPicture(poi.Image[0], poi.Largeur, poi.Hauteur, blended);
     pictures.night = pictures.hasNight ? poiPicture(poi.Image[1], poi.Largeur, poi.Hauteur, blended)
                                        : pictures.day;

@@ -1,7 +1,5 @@
 #include "views/preferences.h"
 
-#include <charconv>
-
 #include "core/ascii.h"
 
 namespace quillmark {
@@ -45,11 +43,8 @@ Preferences::Preferences(Settings& settings)
 }
 
 int Preferences::taille() const {
-    const std::string_view text = trimmed(txtTaille);
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    const bool whole = error == std::errc() && end == text.data() + text.size();
-    return whole && value >= kSmallestFont && value <= kLargestFont ? value : kDefaultFont;
+    const int value = wholeNumber<int>(trimmed(txtTaille)).value_or(kDefaultFont);
+    return value >= kSmallestFont && value <= kLargestFont ? value : kDefaultFont;
 }
 
 void Preferences::affiche_langue() {

@@ -14,9 +14,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "paint/qt_image.h"
 #include "text/utf8.h"
 #include "text/view_text.h"
 #include "ui/raw_text.h"
+#include "views/readable_colour.h"
 
 namespace quillmark {
 namespace {
@@ -331,11 +333,14 @@ TEST(TextTheme, CanBeReadOnLightAndDark) {
         const TextTheme theme = textTheme(palette);
         for (const QColor& ink : {theme.text, theme.comment, theme.section, theme.key}) {
             for (const QColor& ground : {theme.base, theme.currentLine, theme.marked}) {
-                EXPECT_GE(contrast(ink, ground), 4.5)
+                EXPECT_GE(contrast(toCouleur(ink.rgb()), toCouleur(ground.rgb())),
+                          kReadableContrast)
                     << ink.name().toStdString() << " on " << ground.name().toStdString();
             }
         }
-        EXPECT_GE(contrast(theme.lineNumber, theme.gutter), 4.5) << one.base.name().toStdString();
+        EXPECT_GE(contrast(toCouleur(theme.lineNumber.rgb()), toCouleur(theme.gutter.rgb())),
+                  kReadableContrast)
+            << one.base.name().toStdString();
     }
 }
 
