@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
+
 namespace quillmark {
 
 std::filesystem::path pathFromUtf8(std::string_view path) {
@@ -11,6 +13,10 @@ std::filesystem::path pathFromUtf8(std::string_view path) {
 std::string utf8FromPath(const std::filesystem::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
+}
+
+bool hasExtension(const std::filesystem::path& file, std::string_view extension) {
+    return loweredAscii(utf8FromPath(file.extension())) == extension;
 }
 
 std::filesystem::path withoutDots(const std::filesystem::path& path) {

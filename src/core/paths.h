@@ -15,6 +15,9 @@ namespace quillmark {
 // From the working folder, with ".." as the file system resolves it.
 [[nodiscard]] std::filesystem::path absolutePath(const std::filesystem::path& path);
 
+// Whatever the case of the file's own; `extension` is ".typ" or the like, in lower case.
+[[nodiscard]] bool hasExtension(const std::filesystem::path& file, std::string_view extension);
+
 // As the platform compares them; both are UTF-8.
 [[nodiscard]] bool samePath(const std::string& a, const std::string& b);
 

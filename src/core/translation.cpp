@@ -4,17 +4,13 @@
 #include <system_error>
 
 #include "core/ascii.h"
+#include "core/paths.h"
 #include "core/profile.h"
 
 namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string utf8Name(const fs::path& name) {
-    const auto text = name.u8string();
-    return {text.begin(), text.end()};
-}
 
 struct LanguageFile {
     std::string name;
@@ -33,8 +29,8 @@ std::vector<LanguageFile> languageFiles(const fs::path& folder) {
     fs::directory_iterator entry(folder / "Langues", failed);
     for (; !failed && entry != fs::directory_iterator(); entry.increment(failed)) {
         std::error_code ignored;
-        std::string name = utf8Name(entry->path().stem());
-        if (loweredLatin1(utf8Name(entry->path().extension())) == ".lng" && isLanguageName(name) &&
+        std::string name = utf8FromPath(entry->path().stem());
+        if (hasExtension(entry->path(), ".lng") && isLanguageName(name) &&
             entry->is_regular_file(ignored)) {
             files.push_back({std::move(name), entry->path()});
         }
@@ -67,7 +63,7 @@ Traduction::Traduction() = default;
 Traduction::Traduction(const std::vector<fs::path>& folders, std::string_view langue) {
     const fs::path file = languageFile(folders, langue);
     if (!file.empty()) {
-        langue_ = utf8Name(file.stem());
+        langue_ = utf8FromPath(file.stem());
         file_ = std::make_shared<const Profile>(Profile::load(file));
     }
 }

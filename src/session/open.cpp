@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/ascii.h"
 #include "core/files.h"
+#include "core/paths.h"
 #include "text/parser.h"
 #include "typ/reader.h"
 
@@ -55,10 +55,7 @@ OpenedFile openBytes(ByteView bytes, bool isText, TextFileEncoding encoding,
 
 OpenedFile openFile(const std::filesystem::path& file, TextFileEncoding encoding,
                     const Traduction& traduction, int codePage) {
-    const std::u8string extension = file.extension().u8string();
-    const bool isText =
-        loweredAscii({reinterpret_cast<const char*>(extension.data()), extension.size()}) == ".txt";
-    return openBytes(readFile(file), isText, encoding, traduction, codePage);
+    return openBytes(readFile(file), hasExtension(file, ".txt"), encoding, traduction, codePage);
 }
 
 }  // namespace quillmark

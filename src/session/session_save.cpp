@@ -1,5 +1,4 @@
 // What all saves have in common: questions first, then the write away from the window.
-#include "core/ascii.h"
 #include "core/files.h"
 #include "core/paths.h"
 #include "session/save.h"
@@ -11,10 +10,6 @@ namespace quillmark {
 namespace {
 
 namespace fs = std::filesystem;
-
-bool hasExtension(const fs::path& file, std::string_view extension) {
-    return loweredAscii(utf8FromPath(file.extension())) == extension;
-}
 
 // Beside the file, under its name with "~" as long as no other file has that.
 fs::path originalName(const fs::path& file) {

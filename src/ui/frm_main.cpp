@@ -41,10 +41,9 @@ std::filesystem::path droppedFile(const QMimeData& data) {
     if (!data.hasUrls() || data.urls().isEmpty() || !data.urls().constFirst().isLocalFile()) {
         return {};
     }
-    const QString path = data.urls().constFirst().toLocalFile();
-    const bool taken = path.endsWith(QLatin1String(".typ"), Qt::CaseInsensitive) ||
-                       path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
-    return taken ? pathFromUtf8(fromQt(path)) : std::filesystem::path();
+    std::filesystem::path file = pathFromUtf8(fromQt(data.urls().constFirst().toLocalFile()));
+    return hasExtension(file, ".typ") || hasExtension(file, ".txt") ? file
+                                                                    : std::filesystem::path();
 }
 
 // Never as a move, after which the file manager would delete the user's file.
