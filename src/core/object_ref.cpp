@@ -1,5 +1,7 @@
 #include "core/object_ref.h"
 
+#include <algorithm>
+
 namespace quillmark {
 
 int objectCount(const Document& document, ObjectKind kind) {

@@ -1,5 +1,7 @@
 #include "views/search_words.h"
 
+#include <algorithm>
+
 #include "text/utf8.h"
 
 namespace quillmark {
