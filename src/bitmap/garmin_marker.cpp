@@ -90,7 +90,7 @@ std::vector<std::uint8_t> sortPalette(PoiWorkingForm& form, const Traduction& tr
 void keepTransparentColourFree(PoiWorkingForm& form) {
     std::set<Couleur> seen;
     forEachSeen(form, [&](int x, int y) { seen.insert(form.image.pixel(x, y)); });
-    while (seen.count(form.CouleurTransparente) != 0) {
+    while (seen.contains(form.CouleurTransparente)) {
         form.CouleurTransparente = (form.CouleurTransparente + 1) & 0xFFFFFF;
     }
 }

@@ -16,7 +16,7 @@ float partOfRow(int row) {
     return 1.0F - static_cast<float>(std::clamp(row, 0, kHueFieldHeight - 1)) / kLastRow;
 }
 int rowOfPart(float part) {
-    return static_cast<int>(kLastRow * (1.0F - part) + 0.5F);
+    return static_cast<int>(std::lround(kLastRow * (1.0F - part)));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ Couleur meanOf(const Image& source, const Rectangle& area) {
     for (int y = area.y; y < area.y + area.height; ++y) {
         for (int x = area.x; x < area.x + area.width; ++x) {
             const Couleur pixel = source.pixel(x, y);
-            const unsigned weight = 255U - transparencyOf(pixel);
+            const std::uint64_t weight = 255U - transparencyOf(pixel);
             sums[0] += redOf(pixel) * weight;
             sums[1] += greenOf(pixel) * weight;
             sums[2] += blueOf(pixel) * weight;

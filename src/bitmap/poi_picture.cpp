@@ -45,8 +45,7 @@ void readIndexed(const ImagePOI& source, int bits, bool blended, Picture& pictur
     Image& image = picture.image;
     const PixelColours palette = paletteOf(source, blended);
     const auto width = static_cast<std::size_t>(image.width());
-    const std::size_t rowBytes =
-        static_cast<std::size_t>(GetRoundedWidth(bits, image.width()) * bits / 8);
+    const auto rowBytes = static_cast<std::size_t>(GetRoundedWidth(bits, image.width()) * bits / 8);
     const std::size_t perByte = 8U / static_cast<std::size_t>(bits);
     std::array<std::uint8_t, 256> values{};
     ByteView rest = source.Bitmap;

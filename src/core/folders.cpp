@@ -29,7 +29,7 @@ std::filesystem::path Folders::dataFile(const std::string& name) const {
 
 std::filesystem::path installedData() {
     std::error_code none;
-    const std::filesystem::path beside = programFolder();
+    std::filesystem::path beside = programFolder();
     if (std::filesystem::is_regular_file(beside / "MPCTypes.txt", none)) {
         return beside;
     }

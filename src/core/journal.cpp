@@ -1,7 +1,7 @@
 #include "core/journal.h"
 
 #include <algorithm>
-#include <string_view>
+#include <ranges>
 
 #include "core/dialogues.h"
 #include "core/translation.h"
@@ -57,9 +57,9 @@ void Journal::clear() {
 
 std::vector<const JournalEntry*> Journal::shown(JournalKind kind) const {
     std::vector<const JournalEntry*> order;
-    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
-        if (entry->kind == kind && entry->line == 0) {
-            order.push_back(&*entry);
+    for (const JournalEntry& entry : entries_ | std::views::reverse) {
+        if (entry.kind == kind && entry.line == 0) {
+            order.push_back(&entry);
         }
     }
     const auto binaryEntries = static_cast<std::ptrdiff_t>(order.size());

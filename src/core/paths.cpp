@@ -27,7 +27,7 @@ std::filesystem::path withoutDots(const std::filesystem::path& path) {
 std::filesystem::path absolutePath(const std::filesystem::path& path) {
     std::error_code failed;
     const std::filesystem::path whole = std::filesystem::absolute(path, failed);
-    const std::filesystem::path plain = withoutDots(whole.empty() ? path : whole);
+    std::filesystem::path plain = withoutDots(whole.empty() ? path : whole);
     if (std::find(plain.begin(), plain.end(), "..") == plain.end()) {
         return plain;
     }

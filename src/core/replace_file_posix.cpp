@@ -205,8 +205,8 @@ void takeName(const fs::path& target, const struct stat* old, ByteView content) 
 
 }  // namespace
 
-void replaceFile(const fs::path& link, ByteView content) {
-    const fs::path target = followed(link);
+void replaceFile(const fs::path& file, ByteView content) {
+    const fs::path target = followed(file);
     struct stat old {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
     if (exists && S_ISDIR(old.st_mode)) {
@@ -228,19 +228,16 @@ void replaceFile(const fs::path& link, ByteView content) {
     }
 }
 
-bool isWritable(const fs::path& link) {
+bool isWritable(const fs::path& file) {
     fs::path target;
     try {
-        target = followed(link);
+        target = followed(file);
     } catch (const Failure&) {
         return false;
     }
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0) {
-        if (S_ISDIR(old.st_mode) || isReadOnly(target, old.st_mode)) {
-            return false;
-        }
-        return true;
+        return !S_ISDIR(old.st_mode) && !isReadOnly(target, old.st_mode);
     }
     const fs::path folder = folderOf(target);
     return may(W_OK | X_OK, folder) && fs::is_directory(folder);

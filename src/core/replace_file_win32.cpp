@@ -184,8 +184,8 @@ void takeName(const fs::path& target, ByteView content) {
 
 }  // namespace
 
-void replaceFile(const fs::path& link, ByteView content) {
-    const fs::path target = followed(link);
+void replaceFile(const fs::path& file, ByteView content) {
+    const fs::path target = followed(file);
     const DWORD attributes = ::GetFileAttributesW(target.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
@@ -205,8 +205,8 @@ void replaceFile(const fs::path& link, ByteView content) {
     }
 }
 
-bool isWritable(const fs::path& link) {
-    const fs::path target = followed(link);
+bool isWritable(const fs::path& file) {
+    const fs::path target = followed(file);
     const DWORD attributes = ::GetFileAttributesW(target.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES) {
         if ((attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0) {

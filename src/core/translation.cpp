@@ -90,6 +90,7 @@ std::vector<std::string> ListeLangues(const std::vector<fs::path>& folders) {
         }
     }
     std::vector<std::string> sorted;
+    sorted.reserve(names.size());
     for (auto& [folded, name] : names) {
         sorted.push_back(std::move(name));
     }

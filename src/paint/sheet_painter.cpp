@@ -1,6 +1,7 @@
 #include "paint/sheet_painter.h"
 
 #include <QFontMetrics>
+#include <cstdint>
 
 #include "paint/qt_image.h"
 #include "views/device_pixels.h"
@@ -78,7 +79,7 @@ void append(std::string& content, const Value& value) {
 // All that a cell's look depends on, besides the theme.
 std::string contentOf(const IconSheet& sheet, const SheetCell& cell) {
     std::string content;
-    append(content, cell.picture.get());
+    append(content, reinterpret_cast<std::uintptr_t>(cell.picture.get()));
     append(content, cell.frame.width);
     append(content, cell.frame.height);
     append(content, sheet.pictureScale());

@@ -169,8 +169,8 @@ std::size_t findKey(std::string_view text, std::size_t from) {
 
 // The number behind "CodePage" and a separator, read like the parser reads that line.
 std::optional<int> numberBehindKey(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
     const auto skipBlanks = [&text] {
+        constexpr std::string_view blanks = " \t";
         text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
     };
     text.remove_prefix(std::min<std::size_t>(1, text.size()));

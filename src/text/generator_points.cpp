@@ -33,7 +33,8 @@ void writeRuler(TextWriter& out, int width) {
 
 void writeTrueColours(TextWriter& out, const Picture& picture) {
     const ImagePOI& image = picture.image;
-    const auto pixels = static_cast<std::size_t>(picture.width * picture.height);
+    const auto pixels =
+        static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
     if (image.ColorMode == 0x20) {
         for (std::size_t i = 0; i < pixels; ++i) {
             const AlphaColour pixel = readAlphaItem(image.Bitmap, i);

@@ -90,9 +90,9 @@ std::optional<int> hexDigits(std::string_view digits) {
                : std::nullopt;
 }
 
-std::string lastPadded(std::string text, std::size_t length) {
-    return text.size() < length ? std::string(length - text.size(), '0') + text
-                                : text.substr(text.size() - length);
+std::string lastPadded(std::string_view text, std::size_t length) {
+    const std::size_t kept = std::min(text.size(), length);
+    return std::string(length - kept, '0').append(text.substr(text.size() - kept));
 }
 
 // Five bits on disk: a larger number would turn the object into another type.

@@ -1,6 +1,7 @@
 // Appends the pieces that text sections are made of.
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <cstdint>
 #include <string>
@@ -26,9 +27,10 @@ class TextWriter {
         return *this;
     }
     TextWriter& number(int value) {
-        char buffer[16];
-        const auto end = std::to_chars(buffer, buffer + sizeof buffer, value).ptr;
-        text_.append(buffer, end);
+        std::array<char, 16> buffer{};
+        char* const start = buffer.data();
+        const char* const end = std::to_chars(start, start + buffer.size(), value).ptr;
+        text_.append(start, static_cast<std::size_t>(end - start));
         return *this;
     }
     TextWriter& hexByte(std::uint8_t value) {

@@ -5,7 +5,7 @@
 namespace quillmark {
 namespace {
 
-constexpr std::size_t kMiB = 1024 * 1024;
+constexpr std::size_t kMiB = std::size_t{1} << 20U;
 // A sound file costs at most twice its size (a picture may serve day and night). The rest is for
 // files whose records overlap or reach beyond the end.
 constexpr std::size_t kCostPerByte = 4;

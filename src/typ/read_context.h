@@ -2,6 +2,7 @@
 // read, and a bound on what a file may cost.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -79,7 +80,7 @@ class ReadContext {
     std::size_t journalCost_ = 0;
     std::size_t journalLimit_;
     bool exhaustionTold_ = false;
-    bool closingTold_[2] = {false, false};  // by JournalKind
+    std::array<bool, 2> closingTold_{};  // by JournalKind
 };
 
 // " 0x00a/00"

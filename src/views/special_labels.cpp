@@ -23,7 +23,7 @@ std::vector<std::string> texts(ByteView strings, int CodePage) {
 
 // Whole entries only; none without a size.
 std::vector<std::string> entries(ByteView table, std::size_t entrySize) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
     std::vector<std::string> found;
     if (entrySize == 0) {
         return found;
