@@ -55,7 +55,9 @@ OpenedFile openBytes(ByteView bytes, bool isText, TextFileEncoding encoding,
 
 OpenedFile openFile(const std::filesystem::path& file, TextFileEncoding encoding,
                     const Traduction& traduction, int codePage) {
-    return openBytes(readFile(file), hasExtension(file, ".txt"), encoding, traduction, codePage);
+    // Whoever names an encoding means a text, whatever its name.
+    const bool isText = encoding != TextFileEncoding::automatic || hasExtension(file, ".txt");
+    return openBytes(readFile(file), isText, encoding, traduction, codePage);
 }
 
 }  // namespace quillmark

@@ -63,7 +63,7 @@ void Session::command(Then then, const std::function<void(Then)>& body) {
     });
 }
 
-void Session::tellChange(const Change& change, std::optional<GeneratedText> ready) {
+void Session::tellChange(const Change& change, std::optional<GeneratedText> ready, bool reveal) {
     view_.stale = true;
     ready_ = std::move(ready);
     view_.shown = follow(view_.shown, change);
@@ -76,7 +76,7 @@ void Session::tellChange(const Change& change, std::optional<GeneratedText> read
     }
     documentChanged(change);
     refreshText();
-    if (change.select.kind != ObjectKind::none) {
+    if (reveal && change.select.kind != ObjectKind::none) {
         markSection(view_.shown);
     }
     factsChanged();

@@ -227,7 +227,9 @@ class Session {
     bool commit(const Change& change, const std::function<void(Document&)>& edit,
                 const std::string& merge);
     // `ready`: the text of the whole document as it stands, where somebody made it already.
-    void tellChange(const Change& change, std::optional<GeneratedText> ready = std::nullopt);
+    // `reveal`: the text view scrolls to the object that the change selects.
+    void tellChange(const Change& change, std::optional<GeneratedText> ready = std::nullopt,
+                    bool reveal = true);
     void step(bool back);
     [[nodiscard]] ObjectRef selectAfter(const UndoHistory::Step& step, bool back) const;
     void putHeaderText(HeaderField field, const std::string& text);
@@ -272,10 +274,11 @@ class Session {
     unsigned journalVersion_ = 0;
     bool showsApplied_ = false;
     std::optional<FileStamp> stamp_;
-    DateTime textTime_;                  // of the open or save, for the comment lines above a text
-    bool replaceEdits_ = false;          // the edits in the view are in the document by now
-    std::array<bool, 2> headerTyped_{};  // by HeaderField: typed since it was last accepted
-    TextSettings textSettings_;          // that the texts of now were made with
+    DateTime textTime_;          // of the open or save, for the comment lines above a text
+    bool replaceEdits_ = false;  // the edits in the view are in the document by now
+    // By HeaderField: what was last accepted, while something was typed since.
+    std::array<std::optional<std::string>, 2> headerAccepted_{};
+    TextSettings textSettings_;  // that the texts of now were made with
     // The text of the whole document as it stands, made ahead; gone with the next change.
     std::optional<GeneratedText> ready_;
     bool backupRuns_ = false;   // one of the document, not of typed text

@@ -182,7 +182,8 @@ void Session::deleteObject(const ObjectRef& object, Then then) {
                 t.Trad("Main", "Voulez-vous réellement supprimer", "msgSupprimer") + ' ' +
                     words.kind + words.identity + " ?",
                 MessageStyle::yesNo | MessageStyle::question | MessageStyle::secondIsDefault,
-                t.Trad("Main", "Supprimer définitivement", "msgSupprimer2") + ' ' + words.kind);
+                t.Trad("Main", "Supprimer définitivement", "msgSupprimer2") + ' ' + words.kind +
+                    " ?");
             if (answer != Answer::yes) {
                 end(false);
                 return;
@@ -219,7 +220,7 @@ void Session::step(bool back) {
             if (next != nullptr) {
                 const ObjectRef select = selectAfter(*next, back);
                 back ? undo_.undo(document_) : undo_.redo(document_);
-                headerTyped_ = {};
+                headerAccepted_ = {};
                 tellChange({Change::What::content, {}, nullptr, select});
                 sauvegardertexte();
             }
@@ -253,8 +254,9 @@ void Session::typeHeaderField(HeaderField field, const std::string& text) {
     command({}, [this, field, text](const Then& end) {
         settle([this, field, text, end](bool settled) {
             if (settled) {
+                auto& accepted = headerAccepted_[static_cast<std::size_t>(field)];
+                accepted = accepted.value_or(headerText(document_, field));
                 putHeaderText(field, text);
-                headerTyped_[static_cast<std::size_t>(field)] = true;
             }
             end(settled);
         });
@@ -285,7 +287,7 @@ void Session::putHeaderText(HeaderField field, const std::string& text) {
 
 bool Session::leaveHeaderField(HeaderField field) {
     bool accepted = true;
-    if (headerTyped_[static_cast<std::size_t>(field)]) {
+    if (headerAccepted_[static_cast<std::size_t>(field)]) {
         command({}, [this, field, &accepted](const Then& end) {
             accepted = acceptHeaderField(field);
             end(accepted);
@@ -295,11 +297,14 @@ bool Session::leaveHeaderField(HeaderField field) {
 }
 
 bool Session::acceptHeaderField(HeaderField field) {
-    bool& typed = headerTyped_[static_cast<std::size_t>(field)];
-    if (!std::exchange(typed, false)) {
+    const auto accepted =
+        std::exchange(headerAccepted_[static_cast<std::size_t>(field)], std::nullopt);
+    if (!accepted) {
         return true;
     }
-    const bool allowed = isAllowed(headerText(document_, field));
+    const std::string& text = headerText(document_, field);
+    // What a file came with stays, whatever it is.
+    const bool allowed = text == *accepted || isAllowed(text);
     if (!allowed) {
         const Traduction& t = services_.traduction;
         services_.dialogues.AfficheMessage(

@@ -106,11 +106,14 @@ void Session::ouvrir(const fs::path& file, Then then) {
 
 void Session::open(const fs::path& file, TextFileEncoding encoding, const Then& then) {
     const fs::path whole = absolutePath(file);
-    // The test runs elsewhere: a file on a drive that is gone may take long to say so.
+    const auto gone = std::make_shared<bool>(false);
+    // The tests run elsewhere: a file on a drive that is gone may take long to say so.
     inBackground<bool>(
         services_.traduction.Trad("Main", "Lecture de", "msgLecture") + ' ' +
             utf8FromPath(whole.filename()),
-        [whole](Progress&) {
+        [whole, gone](Progress&) {
+            std::error_code unknown;
+            *gone = !fs::exists(whole, unknown) && !unknown;
             requireReadable(whole);
             return true;
         },
@@ -127,7 +130,10 @@ void Session::open(const fs::path& file, TextFileEncoding encoding, const Then& 
                 }
             });
         },
-        [this, whole, then] {
+        [this, whole, gone, then] {
+            if (*gone) {
+                recent_.remove(whole);
+            }
             tellUnopened(whole);
             then(false);
         });
@@ -137,13 +143,7 @@ void Session::tellUnopened(const fs::path& file) {
     const ErrorFacts facts = currentErrorFacts();
     switch (facts.number) {
         case ErrorNumber::fileMissing:
-        case ErrorNumber::path: {
-            std::error_code unknown;
-            if (!fs::exists(file, unknown) && !unknown) {
-                recent_.remove(file);
-            }
-            [[fallthrough]];
-        }
+        case ErrorNumber::path:
         case ErrorNumber::permission:
         case ErrorNumber::device:
         case ErrorNumber::overflow:
@@ -246,7 +246,7 @@ void Session::wipe() {
     applyJournal_.clear();
     ++journalVersion_;
     stamp_.reset();
-    headerTyped_ = {};
+    headerAccepted_ = {};
     ready_.reset();
     undo_.clear();
     if (pane_ != nullptr) {

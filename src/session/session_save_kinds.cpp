@@ -1,4 +1,6 @@
 // The two kinds of file that a document is saved as.
+#include <tuple>
+
 #include "core/clock.h"
 #include "core/paths.h"
 #include "session/save.h"
@@ -99,8 +101,12 @@ void Session::writeTyp(const fs::path& file, const Then& then) {
 void Session::putWrittenTyp(ComposedTyp& composed, const fs::path& file, const FileStamp& stamp) {
     WrittenTyp& written = composed.written;
     std::swap(document_, written.document);
-    if (document_.Polyline.size() != written.document.Polyline.size() ||
-        document_.ExtraPOI.size() != written.document.ExtraPOI.size()) {
+    const auto held = [](const Document& document) {
+        return std::tuple(document.Polyline.size(), document.ExtraPOI.size(),
+                          document.BlocBrut.size(), document.LabelsStrings.size(),
+                          document.LabelsTableA.size(), document.LabelsTableB.size());
+    };
+    if (held(document_) != held(written.document)) {
         undo_.record(std::move(written.document), {});
     }
     facts_.OuvertEnTexte = false;
@@ -126,7 +132,7 @@ void Session::saveText(bool askForName, bool utf8, const Then& then) {
         GeneratorContext context = generatorContext();
         const bool whole = showsWholeDocument();
         inBackground<ComposedText>(
-            savingLabel(facts_.FichierTYP),
+            savingLabel(askForName ? fs::path(nameToSaveAs(facts_.FichierTYP)) : facts_.FichierTYP),
             [document = document_, comments = sourceComments(), traduction, context, whole,
              utf8](Progress& progress) mutable {
                 context.traduction = &traduction;

@@ -380,7 +380,9 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         undo_.record(std::move(result.document), object);
         const bool gone = view_.wholeDocument && select.kind == ObjectKind::none &&
                           view_.shown.kind != ObjectKind::none;
-        tellChange({Change::What::content, {}, nullptr, select, gone}, std::move(parsed.generated));
+        // Whoever typed stays where they typed.
+        tellChange({Change::What::content, {}, nullptr, select, gone}, std::move(parsed.generated),
+                   false);
         sauvegardertexte();
     } else {
         view_.stale = true;

@@ -407,6 +407,12 @@ class Parser {
             place(ObjectKind::POI, document.POI, std::move(poi));
             return;
         }
+        const auto group = static_cast<std::size_t>(target_.index);
+        const auto member = static_cast<std::size_t>(target_.member);
+        if (group >= document.ExtraPOI.size() || member >= document.ExtraPOI[group].POI.size()) {
+            context_.tell(Fault::ignoredSection, firstLine);  // of a group without members
+            return;
+        }
         replaced_ = true;
         // A member of a group has no type of its own.
         if (typeValue(poi.Type) != 0 || typeValue(poi.SubType) != 0) {
@@ -419,15 +425,11 @@ class Parser {
         }
         poi.Type.clear();
         poi.SubType.clear();
-        const auto group = static_cast<std::size_t>(target_.index);
-        const auto member = static_cast<std::size_t>(target_.member);
-        if (group < document.ExtraPOI.size() && member < document.ExtraPOI[group].POI.size()) {
-            quillmark::POI& old = document.ExtraPOI[group].POI[member];
-            poi.Type = old.Type;
-            poi.SubType = old.SubType;
-            poi.Offset = old.Offset;
-            old = std::move(poi);
-        }
+        quillmark::POI& old = document.ExtraPOI[group].POI[member];
+        poi.Type = old.Type;
+        poi.SubType = old.SubType;
+        poi.Offset = old.Offset;
+        old = std::move(poi);
     }
 
     // Takes over the old record when the section stands as it was shown.

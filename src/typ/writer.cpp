@@ -35,8 +35,7 @@ void checkCounts(const Document& document) {
     }
 }
 
-// Takes out what the header has no place for. Labels and block stay in the document, which may
-// get a longer header again; only their places go.
+// Takes out what the header has no place for.
 void dropUnheld(Document& document, std::size_t understood) {
     if (understood < kActiveRoutingHeaderEnd) {
         std::erase_if(document.Polyline, [](const auto& line) { return line.isActiveRouting(); });
@@ -44,11 +43,15 @@ void dropUnheld(Document& document, std::size_t understood) {
     }
     if (understood < kBlocHeaderEnd) {
         document.EnteteBloc = {};
+        document.BlocBrut.clear();
     }
     if (understood < kLabelsHeaderEnd) {
         document.EnteteLabels.strings = {};
         document.EnteteLabels.tableA = {};
         document.EnteteLabels.tableB = {};
+        document.LabelsStrings.clear();
+        document.LabelsTableA.clear();
+        document.LabelsTableB.clear();
     }
     if (understood < kExtraPoiHeaderEnd) {
         // A header that holds only a part of their places must not lead to groups that are gone.

@@ -89,7 +89,7 @@ void DigitsEdit::focusOutEvent(QFocusEvent* event) {
         default:
             break;
     }
-    // A box that opens within the press of the mouse would take its release away from the control
+    // A box that opens within the press of the mouse would take that press away from the control
     // that was pressed.
     QMetaObject::invokeMethod(
         this,

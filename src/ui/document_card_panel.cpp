@@ -153,12 +153,13 @@ void DocumentCardPanel::build() {
 
 void DocumentCardPanel::connectControls() {
     for (const HeaderField field : {HeaderField::FID, HeaderField::ProductCode}) {
+        const std::string name = fromQt(edit(field).objectName());
         connect(&edit(field), &QLineEdit::textEdited, this,
-                guarded("txtHeaderField_Change", "frmMain", [this, field](const QString& text) {
+                guarded(name + "_Change", "frmMain", [this, field](const QString& text) {
                     context_.session.typeHeaderField(field, fromQt(text));
                     showField(field);
                 }));
-        edit(field).left = guarded("txtHeaderField_LostFocus", "frmMain", [this, field] {
+        edit(field).left = guarded(name + "_LostFocus", "frmMain", [this, field] {
             if (context_.session.facts().hasDocument) {
                 context_.session.leaveHeaderField(field);
                 showField(field);
@@ -279,7 +280,8 @@ bool DocumentCardPanel::eventFilter(QObject* watched, QEvent* event) {
     if (box != nullptr && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason) {
-            guarded("cbb_LostFocus", "frmMain", [this] { context_.session.endStep(); })();
+            guarded(fromQt(box->objectName()) + "_LostFocus", "frmMain",
+                    [this] { context_.session.endStep(); })();
         }
     }
     if (watched == lblNomTyp_ && event->type() == QEvent::MouseButtonRelease) {

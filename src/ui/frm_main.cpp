@@ -10,6 +10,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 #include <chrono>
+#include <utility>
 
 #include "core/paths.h"
 #include "ui/document_card_panel.h"
@@ -20,6 +21,7 @@
 #include "ui/object_lists_panel.h"
 #include "ui/preview_panel.h"
 #include "ui/qt_text.h"
+#include "ui/text_editor.h"
 #include "ui/text_panel.h"
 #include "ui/welcome_page.h"
 #include "views/command_states.h"
@@ -123,22 +125,28 @@ void frmMain::observe() {
     connections_.push_back(session.factsChanged.connect([this] {
         showState();
         showRecentFiles();
+        if (!waiting_.empty() && !context_.session.busy()) {
+            whenFree({});
+        }
     }));
     connections_.push_back(session.documentChanged.connect([this](const Change& change) {
         if (change.what == Change::What::replaced) {
-            // Text is read as text; a compiled file opens as the preferences say.
-            const bool asText = context_.session.facts().OuvertEnTexte ||
+            // Text is read as text, and a new document has no icons yet; a compiled file opens as
+            // the preferences say.
+            const SessionFacts& facts = context_.session.facts();
+            const bool asText = facts.OuvertEnTexte || facts.isNew ||
                                 context_.settings.boolean(keys::kTexteAuDemarrage);
             menus_.action(asText ? "mnuTexte" : "mnuIcones").setChecked(true);
             showMiddle();
             if (context_.session.openJournal().ErreurFlag()) {
                 // Once the document is shown, and told of.
-                QMetaObject::invokeMethod(
-                    this, [this] { openJournal(); }, Qt::QueuedConnection);
+                whenFree([this] { openJournal(); });
             }
         }
+        unasked_ = false;  // whoever works on is asked again
         showState();
     }));
+    connect(&text_->editor(), &TextEditor::typed, this, [this] { unasked_ = false; });
     connections_.push_back(context_.current.changed.connect([this] { showState(); }));
     connections_.push_back(
         session.told.connect([this](const std::string& line) { status_->tell(line); }));
@@ -227,7 +235,9 @@ void frmMain::ChangerLangue() {
 
 void frmMain::showState() {
     const Session& session = context_.session;
-    menus_.setStates(commandStates(session, context_.current));
+    const CommandStates states = commandStates(session, context_.current);
+    menus_.setStates(states);
+    welcome_->setCanOpen(states.open);
     QString title = toQt(quillmark::windowTitle(session.facts(), session.showsModified(),
                                                 context_.Version, context_.traduction));
     // The toolkit's own mark for a changed document has no business in a file's name.
@@ -263,17 +273,42 @@ void frmMain::showRecentFiles() {
     welcome_->openRecent = open;
 }
 
+void frmMain::whenFree(std::function<void()> action) {
+    if (action) {
+        waiting_.push_back(std::move(action));
+    }
+    QMetaObject::invokeMethod(
+        this, [this] { runWaiting(); }, Qt::QueuedConnection);
+}
+
+void frmMain::runWaiting() {
+    // What is left when one of them starts a command waits for its end.
+    while (!waiting_.empty() && !context_.session.busy()) {
+        const std::function<void()> next = std::move(waiting_.front());
+        waiting_.pop_front();
+        guarded("Form_Load", "frmMain", next)();
+    }
+}
+
 void frmMain::Form_QueryUnload(const Session::Then& then) {
-    context_.session.Form_QueryUnload(then);
+    if (!context_.session.busy()) {
+        context_.session.Form_QueryUnload(then);
+    } else if (!std::exchange(closeWaits_, true)) {
+        // A save is to end, and a question to be answered, before this one comes.
+        whenFree([this, then] {
+            closeWaits_ = false;
+            context_.session.Form_QueryUnload(then);
+        });
+    }
 }
 
 void frmMain::closeUnasked() {
-    mayClose_ = true;
-    QTimer::singleShot(kEndOfSession, this, [this] { mayClose_ = false; });
+    unasked_ = true;
+    QTimer::singleShot(kEndOfSession, this, [this] { unasked_ = false; });
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (mayClose_) {
+    if (mayClose_ || unasked_) {
         event->accept();
         return;
     }

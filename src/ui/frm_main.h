@@ -3,6 +3,8 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <deque>
+#include <functional>
 
 #include "core/signal.h"
 #include "ui/app_context.h"
@@ -34,7 +36,10 @@ class frmMain : public QMainWindow {
     // What the platform's request to end the session and the close box share; `then(true)` once
     // the window may go.
     void Form_QueryUnload(const Session::Then& then);
-    // For the end of the user's session where nobody can be asked: holds for as long as that takes.
+    // Once no command runs, behind what is under way: never from within a question.
+    void whenFree(std::function<void()> action);
+    // For the end of the user's session, when everybody who can be was asked: holds for as long as
+    // that takes, or until something changes.
     void closeUnasked();
 
   protected:
@@ -44,6 +49,7 @@ class frmMain : public QMainWindow {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    void runWaiting();
     void buildPanes();
     void connectCommands();
     void connectViewCommands();
@@ -88,7 +94,10 @@ class frmMain : public QMainWindow {
     QPointer<frmRecherche> search_;
     std::vector<Connection> connections_;
     std::optional<std::vector<std::string>> recentShown_;
+    std::deque<std::function<void()>> waiting_;
+    bool closeWaits_ = false;
     bool mayClose_ = false;
+    bool unasked_ = false;  // see `closeUnasked`
     bool splitterRestored_ = false;
 };
 

@@ -2,25 +2,27 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <type_traits>
 #include <utility>
 
 namespace quillmark {
 
 // Shows "Error N (description) in procedure NAME of Feuille WINDOW" and lets the program go on.
-// To be called within a catch block only. Names are string literals.
+// To be called within a catch block only.
 void tellUnforeseen(const char* procedure, const char* window);
 // The same where no window is at hand: "of Module MODULE".
 void tellUnforeseenOfModule(const char* procedure, const char* module);
 
 template <typename Handler>
-[[nodiscard]] auto guarded(const char* procedure, const char* window, Handler handler) {
-    return [ procedure, window, handler = std::move(handler) ]<typename... Arguments>(
+[[nodiscard]] auto guarded(std::string procedure, const char* window, Handler handler) {
+    return [ procedure = std::move(procedure), window,
+             handler = std::move(handler) ]<typename... Arguments>(
         Arguments && ... arguments) mutable requires std::is_invocable_v<Handler&, Arguments...> {
         try {
             handler(std::forward<Arguments>(arguments)...);
         } catch (...) {
-            tellUnforeseen(procedure, window);
+            tellUnforeseen(procedure.c_str(), window);
         }
     };
 }

@@ -87,9 +87,14 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     std::vector<Connection> connections;
     showWork(program.tasks, window.statusLine(), connections);
     program.dialogues.setParent(&window);
-    connections.push_back(program.session.factsChanged.connect([&program] {
-        program.dialogues.setFolder(program.session.facts().FichierTYP.parent_path());
-    }));
+    connections.push_back(
+        program.session.factsChanged.connect([&program, last = std::filesystem::path()]() mutable {
+            const std::filesystem::path& file = program.session.facts().FichierTYP;
+            if (file != last) {
+                last = file;
+                program.dialogues.setFolder(file.parent_path());
+            }
+        }));
     const SessionEnd sessionEnd{
         [&window](const Session::Then& then) { window.Form_QueryUnload(then); },
         [&program] { program.session.backUpNow(); },
@@ -107,11 +112,9 @@ End runWindows(Application& application, const std::filesystem::path& file) {
                 tellUnforeseenOfModule("Main", "Demarrage");
             }
         };
-        step([&] {
-            if (!file.empty()) {
-                program.session.ouvrir(file);
-            }
-        });
+        if (!file.empty()) {
+            window.whenFree([&program, file] { program.session.ouvrir(file); });
+        }
         step([&] { checkForUpdateAtStart(&window, program.context); });
     });
     End end;

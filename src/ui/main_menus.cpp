@@ -162,22 +162,23 @@ void MainMenus::build(QMainWindow& window) {
              {"mnuSelectionnerTout", "selectAll"}}) {
         handled_.insert(name, true);
         action(name).setEnabled(false);
-        connect(&action(name), &QAction::triggered, this,
-                guarded(name, "frmMain", [this, handler = QByteArray(handler)] {
-                    if (QWidget* focused = textControl_) {
-                        if (handler == "delete") {
-                            auto* line = qobject_cast<QLineEdit*>(focused);
-                            if (line != nullptr && !line->isReadOnly()) {
-                                line->del();
-                            } else if (auto* text = qobject_cast<QPlainTextEdit*>(focused);
-                                       text != nullptr && !text->isReadOnly()) {
-                                text->textCursor().removeSelectedText();
-                            }
-                        } else {
-                            QMetaObject::invokeMethod(focused, handler.constData());
+        connect(
+            &action(name), &QAction::triggered, this,
+            guarded(name + std::string("_Click"), "frmMain", [this, handler = QByteArray(handler)] {
+                if (QWidget* focused = textControl_) {
+                    if (handler == "delete") {
+                        auto* line = qobject_cast<QLineEdit*>(focused);
+                        if (line != nullptr && !line->isReadOnly() && line->hasSelectedText()) {
+                            line->del();
+                        } else if (auto* text = qobject_cast<QPlainTextEdit*>(focused);
+                                   text != nullptr && !text->isReadOnly()) {
+                            text->textCursor().removeSelectedText();
                         }
+                    } else {
+                        QMetaObject::invokeMethod(focused, handler.constData());
                     }
-                }));
+                }
+            }));
     }
     // A control may have become read-only since it got the focus.
     connect(&menu("mnuEdition"), &QMenu::aboutToShow, this,
@@ -221,7 +222,8 @@ QMenu& MainMenus::menu(const char* name) const {
 
 void MainMenus::on(const char* name, std::function<void()> handler) {
     handled_.insert(name, true);
-    connect(&action(name), &QAction::triggered, this, guarded(name, "frmMain", std::move(handler)));
+    connect(&action(name), &QAction::triggered, this,
+            guarded(name + std::string("_Click"), "frmMain", std::move(handler)));
     showState(name);
 }
 
@@ -278,6 +280,8 @@ void MainMenus::showState(const QByteArray& name) {
             if (name == "mnuAnnuler" || name == "mnuCouper" || name == "mnuCopier" ||
                 name == "mnuColler" || name == "mnuSupprimer" || name == "mnuSelectionnerTout") {
                 enabled = shown.isEnabled();
+            } else if (name == "mnuMRU") {
+                enabled = hasRecent_ && states_.open;
             }
             break;
     }
@@ -333,7 +337,8 @@ void MainMenus::setRecentFiles(const std::vector<std::string>& paths,
         connect(recent.addAction(clearText_), &QAction::triggered, this,
                 guarded("mnuMRUVider_Click", "frmMain", clear));
     }
-    recent.menuAction()->setEnabled(!paths.empty());
+    hasRecent_ = !paths.empty();
+    showState("mnuMRU");
 }
 
 }  // namespace quillmark

@@ -47,6 +47,7 @@ class MainMenus : public QObject {
     void add(const Row& row, QMenu& menu);
     void showState(const QByteArray& name);
 
+    bool hasRecent_ = false;
     CommandStates states_;
     QHash<QByteArray, QAction*> actions_;
     QHash<QByteArray, QMenu*> menus_;

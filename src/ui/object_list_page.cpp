@@ -114,9 +114,12 @@ void ObjectListPage::connectControls() {
     const auto clicked = [this](QToolButton* button, auto handler) {
         connect(button, &QToolButton::clicked, this, handler);
     };
-    const auto edit = guarded("cmdModifier_Click", "frmMain", [this] { cmdModifier_Click(); });
-    const auto create = guarded("cmdNouveau_Click", "frmMain", [this] { cmdNouveau_Click(); });
-    const auto remove = guarded("cmdSupprimer_Click", "frmMain", [this] { cmdSupprimer_Click(); });
+    const auto onClick = [](const QToolButton& button, auto handler) {
+        return guarded(fromQt(button.objectName()) + "_Click", "frmMain", handler);
+    };
+    const auto edit = onClick(*edit_, [this] { cmdModifier_Click(); });
+    const auto create = onClick(*create_, [this] { cmdNouveau_Click(); });
+    const auto remove = onClick(*remove_, [this] { cmdSupprimer_Click(); });
     clicked(edit_, edit);
     clicked(create_, create);
     clicked(remove_, remove);
@@ -234,7 +237,9 @@ void ObjectListPage::selectionMoved() {
 
 void ObjectListPage::boutons_edition() {
     const bool free = context_.session.facts().hasDocument && !context_.session.busy();
-    const bool own = kind_ != ListKind::Draworder && context_.current.kind() == objectKind(kind_);
+    // Commands never mean an object that the filter hides.
+    const bool own = kind_ != ListKind::Draworder && context_.current.kind() == objectKind(kind_) &&
+                     model_.list().rowOf(context_.current.object().index) >= 0;
     const bool hasEditor = kind_ == ListKind::Draworder ? static_cast<bool>(editors_.drawOrder)
                                                         : static_cast<bool>(editors_.edit);
     create_->setEnabled(free && editors_.create && kind_ != ListKind::Draworder);

@@ -10,14 +10,24 @@ bool SessionEnd::requested(bool allowsInteraction) const {
         closeUnasked();
         return true;
     }
-    const auto agreed = std::make_shared<bool>(false);
-    queryUnload([agreed, end = endProgram](bool done) {
-        if (done) {
-            *agreed = true;
+    // At once when there is nothing to ask or to save. The platform then ends the program, unless
+    // it only wanted to know, or another program keeps the session alive.
+    struct Answer {
+        bool agreed = false;
+        bool late = false;
+    };
+    const auto answer = std::make_shared<Answer>();
+    queryUnload([answer, end = endProgram](bool done) {
+        answer->agreed = done;
+        if (done && answer->late) {
             end();
         }
     });
-    return *agreed;
+    answer->late = true;
+    if (answer->agreed) {
+        closeUnasked();
+    }
+    return answer->agreed;
 }
 
 void SessionEnd::withoutQuestion() const {

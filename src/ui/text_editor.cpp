@@ -279,7 +279,11 @@ QMimeData* TextEditor::createMimeDataFromSelection() const {
 }
 
 bool TextEditor::canInsertFromMimeData(const QMimeData* source) const {
-    return source->hasText() && !source->hasUrls();
+    const QList<QUrl> urls = source->urls();
+    const bool files =
+        !urls.isEmpty() &&
+        std::all_of(urls.begin(), urls.end(), [](const QUrl& url) { return url.isLocalFile(); });
+    return source->hasText() && !files;
 }
 
 void TextEditor::insertFromMimeData(const QMimeData* source) {

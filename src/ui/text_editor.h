@@ -53,7 +53,7 @@ class TextEditor : public QPlainTextEdit {
     void unmark();
     // Marks lines and brings them into sight with the cursor, but without the focus.
     void showLines(int first, int last);
-    // Takes the focus.
+    // Takes the focus. A line of the text as it was at the last `rebase`, or was put there.
     void goToLine(int line);
 
     // Places are units of the raw text.
@@ -134,6 +134,7 @@ class TextEditor : public QPlainTextEdit {
     bool editable_ = false;
     bool forgetPlace_ = false;
     Place kept_;
+    QString rebased_;  // what stood there at the last `rebase`; empty since `setContent`
     QTextCursor markStart_;
     QTextCursor markEnd_;
     int lines_ = 0;                             // of the text that is being filled in

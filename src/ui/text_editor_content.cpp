@@ -55,6 +55,7 @@ void TextEditor::setContent(const std::string& text) {
     place.topLine = change.follow(place.topLine);
     kept_ = std::exchange(forgetPlace_, false) ? Place() : place;
     range_.reset(after);
+    rebased_.clear();
     changing_ = true;
     lines_ = document()->blockCount() + change.moved();
     wanted_.reset();
@@ -74,6 +75,7 @@ void TextEditor::setContent(const std::string& text) {
 }
 
 void TextEditor::rebase(const std::string& text) {
+    rebased_ = rawContent();
     range_.rebase(rawText(text));
     tellEdited();
 }
@@ -188,6 +190,12 @@ void TextEditor::goToLine(int line) {
     if (isFilling()) {
         later_.emplace_back([this, line] { goToLine(line); });
         return;
+    }
+    if (edited_) {
+        const QString now = rawContent();
+        line =
+            LineDifference(viewOf(rebased_.isEmpty() ? range_.original() : rebased_), viewOf(now))
+                .follow(line);
     }
     const int end = document()->blockCount() - 1;
     setTextCursor(QTextCursor(document()->findBlockByNumber(std::clamp(line, 0, end))));

@@ -19,11 +19,13 @@ void TextHighlighter::setTheme(const TextTheme& theme) {
     ++coloured_;
 }
 
-// Blocks in between are new and were never coloured.
+// Several edits in one step are told as one, with the old blocks that lie between them.
 void TextHighlighter::forget(int position, int added) const {
-    document_.findBlock(position).setUserState(-1);
-    document_.findBlock(std::min(position + added, document_.characterCount() - 1))
-        .setUserState(-1);
+    const int end = position + added;
+    for (QTextBlock block = document_.findBlock(position);
+         block.isValid() && block.position() <= end; block = block.next()) {
+        block.setUserState(-1);
+    }
 }
 
 bool TextHighlighter::colour(const QTextBlock& block) const {

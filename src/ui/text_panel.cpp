@@ -201,10 +201,12 @@ bool TextPanel::isShown() const {
     return isVisibleTo(window());
 }
 
-// Another object begins at its top; the same one stays where it was.
+// Another object begins at its top; the same one stays where it was, as does one that was typed.
 void TextPanel::followSubject() {
     const TextView& view = context_.session.textView();
-    if (view.wholeDocument != wholeDocument_ || (!view.wholeDocument && view.shown != subject_)) {
+    const bool typed = editor_->isEdited();
+    if (!typed &&
+        (view.wholeDocument != wholeDocument_ || (!view.wholeDocument && view.shown != subject_))) {
         editor_->forgetPlace();
     }
     wholeDocument_ = view.wholeDocument;
@@ -279,10 +281,19 @@ void TextPanel::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         guarded("fraTexte_Show", kWindow, [this] {
             context_.session.refreshText();
-            if (context_.session.textView().wholeDocument) {
+            // Without another choice meanwhile, caret and selection stay where they were.
+            if (context_.session.textView().wholeDocument &&
+                context_.current.object() != hiddenWith_) {
                 context_.session.selectInText(context_.current.object());
             }
         })();
+    }
+}
+
+void TextPanel::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) {
+        hiddenWith_ = context_.current.object();
     }
 }
 

@@ -57,6 +57,7 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
 
   protected:
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
   private:
     void build();
@@ -81,6 +82,7 @@ class TextPanel : public QWidget, public TextPane, public SearchedText {
     // What the text shown last was of.
     bool wholeDocument_ = true;
     ObjectRef subject_;
+    ObjectRef hiddenWith_;  // the current object when the text gave way to the icon sheet
     std::vector<Connection> connections_;
 };
 

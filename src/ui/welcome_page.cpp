@@ -99,4 +99,10 @@ void WelcomePage::setRecentFiles(const std::vector<std::string>& paths) {
     recentCaption_->setVisible(!paths.empty());
 }
 
+void WelcomePage::setCanOpen(bool can) {
+    for (QToolButton* entry : entries_) {
+        entry->setEnabled(can);
+    }
+}
+
 }  // namespace quillmark

@@ -24,6 +24,7 @@ class WelcomePage : public QWidget {
 
     void retranslate(const Traduction& traduction);
     void setRecentFiles(const std::vector<std::string>& paths);
+    void setCanOpen(bool can);
 
   private:
     QLabel* hint_;

@@ -8,7 +8,7 @@ namespace quillmark {
 
 struct CommandStates {
     bool open = false;      // new, open and the recent files
-    bool document = false;  // close, the saves, find, backups of the text
+    bool document = false;  // close, the saves, find
     bool save = false;      // there is something that a save would write
     bool undo = false;
     bool redo = false;

@@ -8,6 +8,16 @@ SearchOptions TextSearch::options() const {
     return {state.chkMotEntier, state.chkCasse};
 }
 
+// Lines of what is looked for are parted as the view's are.
+std::u16string TextSearch::wanted() const {
+    std::u16string text = utf8ToUtf16(state.Text1);
+    for (std::size_t at = 0; (at = text.find_first_of(u"\r\n", at)) != text.npos; ++at) {
+        const bool both = text.compare(at, 2, u"\r\n") == 0;
+        text.replace(at, both ? 2 : 1, 1, u'\u2029');
+    }
+    return text;
+}
+
 void TextSearch::open() {
     text_.bringIntoSight();
     const TextRange selection = text_.selection();
@@ -33,7 +43,7 @@ bool TextSearch::recherche() {
     // Without a selection nothing was found here yet, or it has just been replaced.
     const bool stepOn = searching_ && selection.length > 0;
     searching_ = true;
-    const auto match = quillmark::recherche(text_.content(), utf8ToUtf16(state.Text1),
+    const auto match = quillmark::recherche(text_.content(), wanted(),
                                             selection.start + (stepOn ? 1 : 0), options());
     if (match) {
         text_.select(*match);
@@ -73,7 +83,7 @@ void TextSearch::cmdRemplacer_Click() {
     text_.bringIntoSight();
     const TextRange selection = text_.selection();
     if (selection.length == 0 || !text_.isEditable() ||
-        !isMatch(text_.content(), selection, utf8ToUtf16(state.Text1), options())) {
+        !isMatch(text_.content(), selection, wanted(), options())) {
         cmdSuivant_Click();
         return;
     }
@@ -85,8 +95,7 @@ void TextSearch::cmdRemplacerTout_Click() {
     if (!canSearch() || !text_.isEditable()) {
         return;
     }
-    const std::vector<TextRange> matches =
-        rechercheTout(text_.content(), utf8ToUtf16(state.Text1), options());
+    const std::vector<TextRange> matches = rechercheTout(text_.content(), wanted(), options());
     if (!matches.empty()) {
         text_.replace(matches, utf8ToUtf16(state.txtRemplacer));
     }

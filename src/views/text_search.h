@@ -58,6 +58,7 @@ class TextSearch {
     // The next match becomes the selection.
     bool recherche();
     [[nodiscard]] SearchOptions options() const;
+    [[nodiscard]] std::u16string wanted() const;
 
     SearchedText& text_;
     Dialogues& dialogues_;

@@ -27,7 +27,8 @@ bool holdsGrip(const ScreenArea& screen, const ScreenArea& window) {
 
 ScreenArea firstSize(const ScreenArea& screen) {
     if (screen.width < kFirstWidth || screen.height < kFirstHeight) {
-        return {0, 0, screen.width * kFirstShare / 100, screen.height * kFirstShare / 100};
+        return {0, 0, std::max(screen.width * kFirstShare / 100, kLeastWidth),
+                std::max(screen.height * kFirstShare / 100, kLeastHeight)};
     }
     return {0, 0, kFirstWidth, kFirstHeight};
 }
@@ -54,10 +55,9 @@ WindowGeometry startGeometry(const Settings& settings, const std::vector<ScreenA
         const ScreenArea size = firstSize(screen);
         window.width = size.width;
         window.height = size.height;
-    } else {
-        window.width = std::min(window.width, screen.width);
-        window.height = std::min(window.height, screen.height);
     }
+    window.width = std::min(window.width, screen.width);
+    window.height = std::min(window.height, screen.height);
     if (!holdsGrip(screen, window)) {
         window.left = screen.left + (screen.width - window.width) / 2;
         window.top = screen.top + (screen.height - window.height) / 2;

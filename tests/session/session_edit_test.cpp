@@ -31,6 +31,10 @@ TEST_F(SessionEdit, HeaderFieldsAreCheckedWhenTheUserTyped) {
     EXPECT_TRUE(session.leaveHeaderField(HeaderField::ProductCode)) << "0 from the file stays";
     EXPECT_EQ(document.ProductCode, "0");
     EXPECT_EQ(save(), 1);
+    type(HeaderField::ProductCode, "5");
+    session.typeHeaderField(HeaderField::ProductCode, "0");
+    EXPECT_TRUE(session.leaveHeaderField(HeaderField::ProductCode)) << "as it came";
+    EXPECT_EQ(document.ProductCode, "0");
     for (const Case& c : {Case{"1", true}, Case{"65535", true}, Case{"0", false},
                           Case{"65536", false}, Case{"70000", false}}) {
         type(HeaderField::ProductCode, c.typed);
@@ -151,13 +155,13 @@ TEST_F(SessionEdit, DeletingAsksSelectsTheNextAndComesBack) {
     const Document whole = document;
     const std::string ask = "Voulez-vous réellement supprimer ";
     for (const Case& c : {Case{ObjectKind::Polygone, "le polygone Type:0x010  SubType:0x00 ?",
-                               "Supprimer définitivement le polygone"},
+                               "Supprimer définitivement le polygone ?"},
                           Case{ObjectKind::Polyline, "la polyligne Type:0x001  SubType:0x00 ?",
-                               "Supprimer définitivement la polyligne"},
+                               "Supprimer définitivement la polyligne ?"},
                           Case{ObjectKind::POI, "le POI Type:0x02a  SubType:0x01 ?",
-                               "Supprimer définitivement le POI"},
+                               "Supprimer définitivement le POI ?"},
                           Case{ObjectKind::ExtraPOI, "l'Extra POI Brand ID: 12 ?",
-                               "Supprimer définitivement l'Extra POI"}}) {
+                               "Supprimer définitivement l'Extra POI ?"}}) {
         SCOPED_TRACE(c.box);
         const ObjectRef object{c.kind, 0, 0};
         const int count = objectCount(document, c.kind);

@@ -199,6 +199,13 @@ TEST(Apply, MemberOfAGroup) {
     EXPECT_EQ(member.Type, document.ExtraPOI[0].POI[0].Type);
     EXPECT_EQ(parsed.journal.errorCount(), 1) << "a member has no type to take";
     EXPECT_TRUE(parsed.document.POI.empty());
+
+    Document empty = document;
+    empty.ExtraPOI[0].POI.clear();
+    const ParsedText ignored = parseText(section, empty, {ObjectKind::ExtraPOI, 0, 0});
+    EXPECT_TRUE(ignored.document == empty);
+    EXPECT_GT(ignored.journal.errorCount() + ignored.journal.warningCount(), 0)
+        << "not without a word";
 }
 
 }  // namespace

@@ -91,6 +91,7 @@ TEST_F(MainWindow, OpensByMenuAndByRecentFileUntilThatIsGone) {
     // The toolkit takes one mark of two away.
     EXPECT_NE(title().find("carte [*][*] & <b>.typ]"), std::string::npos);
 
+    EXPECT_TRUE(window.menus().action("mnuMRU").isEnabled());
     const auto entries = window.menus().menu("mnuMRU").actions();
     ASSERT_GE(entries.size(), 3);
     EXPECT_NE(entries[0]->text().indexOf(QLatin1String("&& <b>.typ")), -1);
@@ -107,6 +108,7 @@ TEST_F(MainWindow, OpensByMenuAndByRecentFileUntilThatIsGone) {
     EXPECT_EQ(program.dialogues.shown.back().message.substr(0, 19), "Fichier introuvable");
     EXPECT_TRUE(program.session.recentFiles().paths().empty());
     EXPECT_TRUE(window.menus().menu("mnuMRU").actions().isEmpty());
+    EXPECT_FALSE(window.menus().action("mnuMRU").isEnabled());
 }
 
 TEST_F(MainWindow, PreferencesComeBackWithTheirChoicesWhenEditsAreToStay) {
@@ -171,6 +173,18 @@ TEST_F(MainWindow, ClosesOnlyAsTheQuestionIsAnswered) {
     window.close();
     QCoreApplication::sendPostedEvents();
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindow, ACloseWaitsForTheEndOfACommand) {
+    const Connection meanwhile = program.session.documentChanged.connect([this](const Change&) {
+        EXPECT_TRUE(program.session.busy());
+        window.close();
+        window.close();
+        EXPECT_TRUE(window.isVisible());
+    });
+    program.session.ouvrir(txt);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !window.isVisible(); }));
+    EXPECT_TRUE(program.session.facts().hasDocument);
 }
 
 TEST_F(MainWindow, EditsInTheTextAreAppliedByTheirButtonAndUndoneWithTheDocument) {

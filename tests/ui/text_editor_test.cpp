@@ -229,6 +229,16 @@ TEST_F(TextEditorTest, ColoursOnlyWhatIsSeen) {
     EXPECT_EQ(colourAt(0), editor.theme().comment);
 }
 
+TEST_F(TextEditorTest, ColoursEveryLineThatOneStepTouches) {
+    put("String1=a\r\nString2=b\r\nString3=c\r\n");
+    (void)editor.grab();
+    editor.replaceRanges({{6, 1}, {16, 1}, {26, 1}}, QString());
+    (void)editor.grab();
+    const auto formats = editor.document()->findBlockByNumber(1).layout()->formats();
+    ASSERT_EQ(formats.size(), 1);
+    EXPECT_EQ(formats[0].length, 7) << "\"String=\"";
+}
+
 TEST_F(TextEditorTest, KeysStayOrLeave) {
     put("ab");
     QTest::keyClick(&editor, Qt::Key_Tab);

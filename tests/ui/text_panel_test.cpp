@@ -127,6 +127,44 @@ TEST_F(TextPanelTest, SelectionMarksItsSectionOrShowsIt) {
     EXPECT_TRUE(program.dialogues.answers.empty());
 }
 
+TEST_F(TextPanelTest, WhoTypesStaysThere) {
+    open();
+    program.current.choose({ObjectKind::Polygone, 0, 0});
+    const int label = editor.document()->find(QStringLiteral("Gleitschirm")).blockNumber();
+    editor.goToLine(label);
+    QTest::keyClick(&editor, Qt::Key_End);
+    QTest::keyClicks(&editor, "!");
+    const int top = editor.verticalScrollBar()->value();
+    button("cmdAppliquerModif").click();
+    editor.finishFilling();
+    EXPECT_FALSE(panel->isEdited());
+    EXPECT_EQ(editor.textCursor().blockNumber(), label);
+    EXPECT_EQ(editor.verticalScrollBar()->value(), top);
+
+    // The icon sheet and back, with nothing chosen there.
+    const TextRange range{panel->content().size() - 60, 7};
+    panel->select(range);
+    window.setCurrentIndex(0);
+    window.setCurrentWidget(panel);
+    EXPECT_EQ(panel->selection(), range);
+    window.setCurrentIndex(0);
+    program.current.choose({ObjectKind::Polygone, 1, 0});
+    window.setCurrentWidget(panel);
+    EXPECT_EQ(editor.textCursor().blockNumber(), editor.markedLines().first);
+
+    // Lines of the journal are those of the applied text, whatever is typed above them since.
+    edit("LineWidth=", "LineWidth=x");
+    button("cmdAppliquerModif").click();
+    ASSERT_EQ(session.applyJournal().entries().size(), 1U);
+    const int told = session.applyJournal().entries()[0].line;
+    const std::string text = line(told - 1);
+    editor.goToLine(0);
+    QTest::keyClick(&editor, Qt::Key_Return);
+    QTest::keyClick(&editor, Qt::Key_Return);
+    panel->goToLine(told);
+    EXPECT_EQ(line(editor.textCursor().blockNumber()), text);
+}
+
 TEST_F(TextPanelTest, TheTextIsMadeWhenItIsSeen) {
     window.setCurrentIndex(0);
     open();

@@ -32,7 +32,7 @@ TEST(WindowGeometry, FirstStartFitsTheScreen) {
     };
     EXPECT_EQ(first({0, 0, 1920, 1080}), (ScreenArea{13, 13, 961, 711}));
     EXPECT_EQ(first({0, 0, 961, 711}), (ScreenArea{13, 13, 961, 711}));
-    EXPECT_EQ(first({0, 0, 1024, 600}), (ScreenArea{13, 13, 819, 480}));
+    EXPECT_EQ(first({0, 0, 1024, 600}), (ScreenArea{13, 13, 819, 500}));
     // Under a panel or on another screen's place the title bar couldn't be had.
     EXPECT_EQ(first({0, 40, 1920, 1040}), (ScreenArea{479, 204, 961, 711}));
     EXPECT_FALSE(startGeometry(settings, {}).maximised);
