@@ -17,5 +17,6 @@ else
     mapfile -t files < <(find src -name '*.cpp' ! -name '*_win32.cpp' | sort)
 fi
 printf '%s\0' "${files[@]}" |
-    xargs -0 -n 1 -P "$(nproc)" clang-tidy --quiet -p build/lint --extra-arg=-Wno-unknown-warning-option
+    xargs -0 -n 1 -P "$(nproc)" clang-tidy --quiet -p build/lint \
+        --header-filter="^$PWD/(src|tests|fuzz|bench)/" --extra-arg=-Wno-unknown-warning-option
 echo "No findings in ${#files[@]} files."

@@ -2,10 +2,9 @@
 #pragma once
 
 #include <QApplication>
+#include <QSessionManager>
 
 #include "ui/session_end.h"
-
-class QSessionManager;
 
 namespace quillmark {
 

@@ -77,7 +77,7 @@ void ColourField::paintEvent(QPaintEvent* /*event*/) {
     }
 }
 
-void ColourField::press(const QMouseEvent& event) {
+void ColourField::press(const QMouseEvent& event) const {
     if (pressed && event.buttons().testFlag(Qt::LeftButton)) {
         const QPointF at = event.position() - QPointF(kMargin, kMargin);
         guarded("Picture2_MouseDown", "frmPalette",

@@ -34,7 +34,7 @@ class ColourField : public QWidget {
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
-    void press(const QMouseEvent& event);
+    void press(const QMouseEvent& event) const;
 
     QSize size_;
     Mark mark_;

@@ -11,6 +11,7 @@
 #include <QStyle>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "ui/guard.h"
 #include "ui/icons.h"
@@ -143,7 +144,7 @@ void frmMsgBox::addButtons(QDialogButtonBox& box, const Traduction& traduction,
     Retour_ = choices.back().answer;
     const bool second =
         (static_cast<int>(style) & static_cast<int>(MessageStyle::secondIsDefault)) != 0;
-    static constexpr const char* kNames[] = {"cmdRecommencer", "cmdAnnuler", "cmdTroisieme"};
+    static constexpr std::array kNames{"cmdRecommencer", "cmdAnnuler", "cmdTroisieme"};
     for (std::size_t i = 0; i < choices.size(); ++i) {
         // One role for all, so that their order is the same on every desktop.
         auto* button = new QPushButton(withoutAccessKey(toQt(choices[i].text)));

@@ -69,9 +69,12 @@ void addLanguages(QComboBox& box, const Traduction& traduction) {
 
 }  // namespace
 
-frmPreferences::frmPreferences(QWidget* parent, AppContext& context, const Preferences& shown,
+frmPreferences::frmPreferences(QWidget* parent, AppContext& context, Preferences shown,
                                ChooseColour chooseColour)
-    : QDialog(parent), context_(context), state_(shown), chooseColour_(std::move(chooseColour)) {
+    : QDialog(parent),
+      context_(context),
+      state_(std::move(shown)),
+      chooseColour_(std::move(chooseColour)) {
     setObjectName(QStringLiteral("frmPreferences"));
     const Traduction& t = context.traduction;
     setWindowTitle(toQt(t.Trad("Preferences", "Préférences", "lblTitre")));

@@ -26,7 +26,7 @@ class frmPreferences : public QDialog {
         std::function<void(QWidget*, std::int32_t, std::function<void(std::int32_t)>)>;
 
     // OK only closes the window; `choices` are then to be stored.
-    frmPreferences(QWidget* parent, AppContext& context, const Preferences& shown,
+    frmPreferences(QWidget* parent, AppContext& context, Preferences shown,
                    ChooseColour chooseColour);
     [[nodiscard]] const Preferences& choices() const { return state_; }
 

@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <array>
 
 #include "ui/guard.h"
 #include "ui/icons.h"
@@ -120,9 +121,10 @@ void frmSauvegardetxt::retranslate() {
     cmdSessionPrecedente_->setToolTip(toQt(
         t.Trad("Sauvegardetxt", "Afficher les sauvegardes de la session précédente de Quillmark",
                "cmdSessionPrecedenteTip")));
-    const std::pair<QPushButton*, std::string> arrows[] = {
-        {cmdPrecedent_, t.Trad("Sauvegardetxt", "Sauvegarde précédente", "cmdPrecedentTip")},
-        {cmdSuivant_, t.Trad("Sauvegardetxt", "Sauvegarde suivante", "cmdSuivantTip")}};
+    const std::array arrows{
+        std::pair(cmdPrecedent_,
+                  t.Trad("Sauvegardetxt", "Sauvegarde précédente", "cmdPrecedentTip")),
+        std::pair(cmdSuivant_, t.Trad("Sauvegardetxt", "Sauvegarde suivante", "cmdSuivantTip"))};
     for (const auto& [button, tip] : arrows) {
         button->setToolTip(toQt(tip));
         button->setAccessibleName(toQt(tip));

@@ -105,7 +105,7 @@ void frmUpdate::retranslate() {
     cmdTelecharger_->setVisible(check_ && check_->found == UpdateCheck::Found::newer);
 }
 
-void frmUpdate::cmdTelecharger_Click() {
+void frmUpdate::cmdTelecharger_Click() const {
     QDesktopServices::openUrl(
         QUrl(toQt(downloadPage(context_.settings.text(keys::kMajAdresse))), QUrl::StrictMode));
 }

@@ -20,7 +20,7 @@ class frmUpdate : public QDialog {
 
   private:
     void retranslate();
-    void cmdTelecharger_Click();
+    void cmdTelecharger_Click() const;
 
     AppContext& context_;
     std::optional<UpdateCheck> check_;  // nothing until it is there

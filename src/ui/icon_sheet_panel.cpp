@@ -7,6 +7,7 @@
 #include <QSlider>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <ranges>
 
 #include "bitmap/system_colours.h"
 #include "ui/guard.h"
@@ -105,9 +106,9 @@ void IconSheetPanel::connectControls() {
         if (change.what == Change::What::replaced) {
             // The first kind that there is anything of.
             kind_ = ObjectKind::Polygone;
-            for (auto kind = kKinds.rbegin(); kind != kKinds.rend(); ++kind) {
-                if (objectCount(context_.session.document(), *kind) > 0) {
-                    kind_ = *kind;
+            for (const ObjectKind kind : kKinds | std::views::reverse) {
+                if (objectCount(context_.session.document(), kind) > 0) {
+                    kind_ = kind;
                 }
             }
             readSettings();

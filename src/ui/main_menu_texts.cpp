@@ -7,12 +7,12 @@
 namespace quillmark {
 namespace {
 
-std::string withKey(std::string text, QKeySequence::StandardKey key) {
+std::string withKey(const std::string& text, QKeySequence::StandardKey key) {
     return text + '\t' + fromQt(QKeySequence(key).toString(QKeySequence::NativeText));
 }
 
 // People who opened the program in a language they can't read look for this one word.
-std::string withLanguage(std::string text) {
+std::string withLanguage(const std::string& text) {
     std::string plain = text;
     std::erase(plain, '&');
     return plain.find("Language") == std::string::npos ? text + " (Language)" : text;

@@ -14,8 +14,6 @@
 namespace quillmark {
 namespace {
 
-constexpr int kMargin = SwatchGrid::kMargin;
-
 QColor edgeOn(const QPalette& palette) {
     QColor edge = palette.color(QPalette::WindowText);
     edge.setAlphaF(0.25F);
