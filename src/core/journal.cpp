@@ -1,7 +1,6 @@
 #include "core/journal.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "core/dialogues.h"
 #include "core/translation.h"
@@ -57,7 +56,8 @@ void Journal::clear() {
 
 std::vector<const JournalEntry*> Journal::shown(JournalKind kind) const {
     std::vector<const JournalEntry*> order;
-    for (const JournalEntry& entry : entries_ | std::views::reverse) {
+    for (std::size_t i = entries_.size(); i-- > 0;) {
+        const JournalEntry& entry = entries_[i];
         if (entry.kind == kind && entry.line == 0) {
             order.push_back(&entry);
         }

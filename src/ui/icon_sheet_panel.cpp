@@ -7,7 +7,7 @@
 #include <QSlider>
 #include <QStyle>
 #include <QVBoxLayout>
-#include <ranges>
+#include <algorithm>
 
 #include "bitmap/system_colours.h"
 #include "ui/guard.h"
@@ -105,12 +105,10 @@ void IconSheetPanel::connectControls() {
     connections_.push_back(context_.session.documentChanged.connect([this](const Change& change) {
         if (change.what == Change::What::replaced) {
             // The first kind that there is anything of.
-            kind_ = ObjectKind::Polygone;
-            for (const ObjectKind kind : kKinds | std::views::reverse) {
-                if (objectCount(context_.session.document(), kind) > 0) {
-                    kind_ = kind;
-                }
-            }
+            const auto found = std::find_if(kKinds.begin(), kKinds.end(), [this](ObjectKind kind) {
+                return objectCount(context_.session.document(), kind) > 0;
+            });
+            kind_ = found == kKinds.end() ? ObjectKind::Polygone : *found;
             readSettings();
         }
         refresh();

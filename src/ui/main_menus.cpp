@@ -65,10 +65,11 @@ void MainMenus::add(const Row& row, QMenu& menu) {
 
 void MainMenus::build(QMainWindow& window) {
     const Row separator{};
-    const struct {
+    struct Rows {
         const char* name;
         std::vector<Row> rows;
-    } menus[] = {
+    };
+    const std::vector<Rows> menus = {
         {"mnuFichier",
          {{"mnuNouveau", "new", open, QKeySequence(QKeySequence::New)},
           {"mnuOuvrirTYP", "open", open, QKeySequence(QKeySequence::Open)},

@@ -11,7 +11,7 @@ SearchOptions TextSearch::options() const {
 // Lines of what is looked for are parted as the view's are.
 std::u16string TextSearch::wanted() const {
     std::u16string text = utf8ToUtf16(state.Text1);
-    for (std::size_t at = 0; (at = text.find_first_of(u"\r\n", at)) != text.npos; ++at) {
+    for (std::size_t at = 0; (at = text.find_first_of(u"\r\n", at)) != std::u16string::npos; ++at) {
         const bool both = text.compare(at, 2, u"\r\n") == 0;
         text.replace(at, both ? 2 : 1, 1, u'\u2029');
     }
