@@ -30,7 +30,8 @@ std::filesystem::path Folders::dataFile(const std::string& name) const {
 std::filesystem::path installedData() {
     std::error_code none;
     std::filesystem::path beside = programFolder();
-    if (std::filesystem::is_regular_file(beside / "MPCTypes.txt", none)) {
+    if (std::filesystem::is_regular_file(beside / "MPCTypes.txt", none) ||
+        std::filesystem::is_directory(beside / "Langues", none)) {
         return beside;
     }
     const std::filesystem::path shared = beside.parent_path() / "share" / "quillmark";

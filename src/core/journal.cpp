@@ -43,7 +43,7 @@ void Journal::append(const Journal& other) {
     }
 }
 
-void Journal::setObject(std::size_t first, ObjectKind object, std::uint16_t identity) {
+void Journal::setObject(std::size_t first, ObjectKind object, std::uint32_t identity) {
     for (std::size_t i = first; i < entries_.size(); ++i) {
         entries_[i].object = object;
         entries_[i].identity = identity;

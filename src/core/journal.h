@@ -21,7 +21,8 @@ struct JournalEntry {
     std::string text;     // as shown, may hold line breaks (CR LF)
     // The object that was being read, for who wants to go there.
     ObjectKind object = ObjectKind::none;
-    std::uint16_t identity = 0;  // type shifted left by 5 plus subtype
+    // Type shifted left by 5 plus subtype; of an Extra POI group its `BrandID`.
+    std::uint32_t identity = 0;
     bool operator==(const JournalEntry&) const = default;
 };
 
@@ -34,7 +35,7 @@ class Journal {
     // Takes over all entries of another journal, behind the own ones.
     void append(const Journal& other);
     // Names the object that the entries from `first` on are about.
-    void setObject(std::size_t first, ObjectKind object, std::uint16_t identity);
+    void setObject(std::size_t first, ObjectKind object, std::uint32_t identity);
     void clear();
 
     [[nodiscard]] const std::vector<JournalEntry>& entries() const noexcept { return entries_; }

@@ -18,9 +18,11 @@ class LockFile {
 
     // False when another process has it, and where no file can be made.
     [[nodiscard]] bool isOwned() const noexcept { return handle_ != -1; }
+    [[nodiscard]] bool isTaken() const noexcept { return taken_; }  // by another process
 
   private:
     std::intptr_t handle_ = -1;  // the platform's own
+    bool taken_ = false;
 };
 
 }  // namespace quillmark

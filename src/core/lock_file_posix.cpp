@@ -4,6 +4,8 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <cerrno>
+
 namespace quillmark {
 
 LockFile::LockFile(const std::filesystem::path& file) {
@@ -14,6 +16,7 @@ LockFile::LockFile(const std::filesystem::path& file) {
         return;
     }
     if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
+        taken_ = errno == EWOULDBLOCK;
         ::close(descriptor);
         return;
     }

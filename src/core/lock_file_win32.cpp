@@ -13,6 +13,8 @@ LockFile::LockFile(const std::filesystem::path& file) {
                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (handle != INVALID_HANDLE_VALUE) {
         handle_ = reinterpret_cast<std::intptr_t>(handle);
+    } else {
+        taken_ = ::GetLastError() == ERROR_SHARING_VIOLATION;
     }
 }
 

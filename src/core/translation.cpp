@@ -1,5 +1,6 @@
 #include "core/translation.h"
 
+#include <algorithm>
 #include <map>
 #include <system_error>
 
@@ -35,6 +36,9 @@ std::vector<LanguageFile> languageFiles(const fs::path& folder) {
             files.push_back({std::move(name), entry->path()});
         }
     }
+    // As the folder lists them isn't an order.
+    std::sort(files.begin(), files.end(),
+              [](const LanguageFile& a, const LanguageFile& b) { return a.name < b.name; });
     return files;
 }
 

@@ -52,11 +52,13 @@ Session::BackupJob Session::backupJob() const {
     job.comments = sourceComments();
     job.context = generatorContext();
     job.traduction = services_.traduction;
+    // A text without pixels brings nothing back: only what was typed in one is kept as it stands.
+    const bool complete = std::exchange(job.context.settings.EcrireTrueColors, true);
     if (view_.wholeDocument && textEdited()) {
         job.text = pane_->text();
-    } else if (view_.wholeDocument && pane_ != nullptr && !view_.stale) {
+    } else if (complete && view_.wholeDocument && pane_ != nullptr && !view_.stale) {
         job.text = view_.generated.text;
-    } else if (ready_ && !textEdited()) {
+    } else if (complete && ready_ && !textEdited()) {
         job.text = ready_->text;
     } else {
         job.document = document_;
@@ -115,6 +117,8 @@ void Session::keepState() {
         [this, work, name, typed](const std::exception_ptr& failure) {
             if (!failure) {
                 keepBackup(name, work->text, std::move(work->prepared));
+            } else {
+                tellUnwritten();
             }
             if (!typed) {
                 backupRuns_ = false;

@@ -118,6 +118,7 @@ void Session::putWrittenTyp(ComposedTyp& composed, const fs::path& file, const F
                 std::make_shared<const Reordering>(std::move(written.order)),
                 {}},
                std::move(composed.shown));
+    sauvegardertexte();
 }
 
 void Session::saveText(bool askForName, bool utf8, const Then& then) {
@@ -217,6 +218,7 @@ void Session::askAndWriteText(const std::shared_ptr<ComposedText>& composed, boo
             facts_.incompleteText = composed->losses.any();
             ready_ = std::move(composed->shown);
             refreshText();
+            sauvegardertexte();
             factsChanged();
             then(true);
         },

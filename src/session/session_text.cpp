@@ -383,7 +383,6 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         // Whoever typed stays where they typed.
         tellChange({Change::What::content, {}, nullptr, select, gone}, std::move(parsed.generated),
                    false);
-        sauvegardertexte();
     } else {
         view_.stale = true;
         ready_ = std::move(parsed.generated);
@@ -391,6 +390,7 @@ void Session::putApplied(Applied& applied, Parsed parsed, const ParseTarget& tar
         factsChanged();
     }
     replaceEdits_ = false;
+    sauvegardertexte();
 }
 
 }  // namespace quillmark

@@ -118,15 +118,27 @@ class SectionRecorder {
   public:
     SectionRecorder(GeneratedText& result) : result_(result) { countLines(); }
 
-    template <typename Append>
-    void add(ObjectKind kind, std::size_t index, Append append) {
+    template <typename Record, typename Append>
+    void add(ObjectKind kind, const std::vector<Record>& records, Append append) {
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            addOne(kind, records[i], i, append);
+        }
+    }
+
+  private:
+    template <typename Record, typename Append>
+    void addOne(ObjectKind kind, const Record& record, std::size_t index, Append append) {
         const int first = countLines();
-        append(result_.text, result_.journal);
+        const std::size_t entries = result_.journal.entries().size();
+        append(record, result_.text, result_.journal);
+        if (result_.journal.entries().size() > entries) {
+            const int identity = identityValue(record.Type, record.SubType);
+            result_.journal.setObject(entries, kind, static_cast<std::uint16_t>(identity));
+        }
         result_.sections.push_back({kind, static_cast<int>(index), first, countLines() - 1});
         result_.text += "\r\n\r\n";
     }
 
-  private:
     // Lines of the text so far; only what was appended since the last call is looked at.
     int countLines() {
         const auto begin = result_.text.begin() + static_cast<std::ptrdiff_t>(counted_);
@@ -157,23 +169,20 @@ GeneratedText genererTexte(const Document& document, const GeneratorContext& con
 
     out.line(format::kPolygonBanner);
     SectionRecorder recorder(result);
-    for (std::size_t i = 0; i < document.Polygone.size(); ++i) {
-        recorder.add(ObjectKind::Polygone, i, [&](std::string& text, Journal& journal) {
-            AffichePolygone(document.Polygone[i], context, document.CodePage, text, journal);
-        });
-    }
+    recorder.add(ObjectKind::Polygone, document.Polygone,
+                 [&](const auto& record, std::string& text, Journal& journal) {
+                     AffichePolygone(record, context, document.CodePage, text, journal);
+                 });
     out.line(format::kLineBanner);
-    for (std::size_t i = 0; i < document.Polyline.size(); ++i) {
-        recorder.add(ObjectKind::Polyline, i, [&](std::string& text, Journal& journal) {
-            AffichePolyline(document.Polyline[i], context, document.CodePage, text, journal);
-        });
-    }
+    recorder.add(ObjectKind::Polyline, document.Polyline,
+                 [&](const auto& record, std::string& text, Journal& journal) {
+                     AffichePolyline(record, context, document.CodePage, text, journal);
+                 });
     out.line(format::kPointBanner);
-    for (std::size_t i = 0; i < document.POI.size(); ++i) {
-        recorder.add(ObjectKind::POI, i, [&](std::string& text, Journal& journal) {
-            AffichePOI(document.POI[i], context, document.CodePage, text, journal);
-        });
-    }
+    recorder.add(ObjectKind::POI, document.POI,
+                 [&](const auto& record, std::string& text, Journal& journal) {
+                     AffichePOI(record, context, document.CodePage, text, journal);
+                 });
     return result;
 }
 

@@ -126,6 +126,7 @@ class MemberReader {
     }
 
     bool readGroup(ExtraPOI& group) {
+        context_.setGroup(static_cast<std::uint32_t>(group.BrandID));
         return context_.guarded([&] {
             const std::uint8_t count = ByteReader(data_, position_).u8();
             afterEmpty_ = count == 0;
@@ -201,6 +202,7 @@ void readExtraPoiMembers(ReadContext& context, Document& document) {
     const ByteView data = context.file().subspan(
         place.offset, std::min<std::size_t>(place.size, context.file().size() - place.offset));
     MemberReader(context, data, document).run();
+    context.setGroup(std::nullopt);
 }
 
 std::vector<int> sortGroups(std::vector<ExtraPOI>& groups) {

@@ -76,8 +76,9 @@ void ReadContext::add(JournalKind kind, std::string text) {
     if (journalOpen()) {
         std::string context = contextMessage();
         journalCost_ += kJournalEntryCost + text.size() + context.size();
-        journal_.add(
-            {kind, std::move(context), 0, std::move(text), object_.kind, object_.identity});
+        journal_.add({kind, std::move(context), 0, std::move(text),
+                      group_ ? ObjectKind::ExtraPOI : object_.kind,
+                      group_.value_or(object_.identity)});
         return;
     }
     bool& told = closingTold_[static_cast<std::size_t>(kind)];

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -28,6 +29,8 @@ class ReadContext {
 
     [[nodiscard]] ByteView file() const noexcept { return file_; }
     void setObject(ReadObject object) noexcept { object_ = object; }
+    // Entries lead to this Extra POI group until it is none; their words stay as they are.
+    void setGroup(std::optional<std::uint32_t> BrandID) noexcept { group_ = BrandID; }
     [[nodiscard]] std::string Trad(std::string_view section, std::string_view defaut,
                                    std::string_view cle) const {
         return traduction_.Trad(section, defaut, cle);
@@ -74,6 +77,7 @@ class ReadContext {
     const Traduction& traduction_;
     Journal& journal_;
     ReadObject object_;
+    std::optional<std::uint32_t> group_;
     std::size_t cost_ = 0;
     std::size_t padding_ = 0;
     std::size_t costLimit_;

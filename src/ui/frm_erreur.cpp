@@ -12,6 +12,8 @@
 #include <QSplitter>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <optional>
 
 #include "core/paths.h"
 #include "ui/guard.h"
@@ -37,6 +39,20 @@ class JournalModel : public QAbstractTableModel {
         const auto place = static_cast<std::size_t>(row);
         return list_.rows()[reversed_ ? count - 1 - place : place];
     }
+    // The first one without such an entry.
+    [[nodiscard]] int rowOf(const JournalRow& wanted) const {
+        const auto& rows = list_.rows();
+        const auto found = std::find(rows.begin(), rows.end(), wanted);
+        if (found == rows.end()) {
+            return 0;
+        }
+        const auto place = static_cast<int>(found - rows.begin());
+        return reversed_ ? static_cast<int>(rows.size()) - 1 - place : place;
+    }
+    void setWords(const QString& error, const QString& warning) {
+        errorWord_ = error;
+        warningWord_ = warning;
+    }
     [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
         return parent.isValid() ? 0 : static_cast<int>(list_.rows().size());
     }
@@ -48,6 +64,13 @@ class JournalModel : public QAbstractTableModel {
                        ? toQt(shown.place)
                        : toQt(shown.text).replace(QLatin1Char('\n'), QLatin1String("   "));
         }
+        if (role == Qt::ToolTipRole) {
+            return plainTip(toQt(shown.text));
+        }
+        if (role == Qt::AccessibleTextRole && index.column() == 0) {
+            const QString& word = shown.kind == JournalKind::error ? errorWord_ : warningWord_;
+            return shown.place.empty() ? word : word + QStringLiteral(", ") + toQt(shown.place);
+        }
         if (role == Qt::DecorationRole && index.column() == 0) {
             return shown.kind == JournalKind::error ? error_ : warning_;
         }
@@ -57,6 +80,8 @@ class JournalModel : public QAbstractTableModel {
   private:
     const JournalList& list_;
     bool reversed_ = false;
+    QString errorWord_;
+    QString warningWord_;
     QIcon error_ = icon("error");
     QIcon warning_ = icon("warning");
 };
@@ -143,6 +168,7 @@ frmErreur::frmErreur(QWidget* parent, AppContext& context)
             guarded("cmdFermer_Click", "frmErreur", [this] { hide(); }));
     language_ = context.languageChanged.connect([this] { retranslate(); });
     facts_ = context.session.factsChanged.connect([this] {
+        showPath();
         if (isVisible() && shownVersion_ != context_.session.journalVersion()) {
             refresh();
         }
@@ -164,24 +190,33 @@ void frmErreur::retranslate() {
     chkInverser_->setText(toQt(t.Trad("Erreurs", "Ordre &inverse", "chkInverser")));
     cmdCopy_->setText(toQt(t.Trad("Erreurs", "Copier dans le presse-papier", "cmdCopier")));
     cmdFermer_->setText(toQt(t.Trad("Erreurs", "Fermer", "cmdFermer")));
+    model_->setWords(toQt(t.Trad("Erreurs", "Erreurs", "lblErreurs")),
+                     toQt(t.Trad("Erreurs", "Avertissements", "msgWarning")));
     lstMessages_->setAccessibleName(windowTitle());
     txtErreurs_->setAccessibleName(toQt(t.Trad("Erreurs", "Texte du message", "txtErreurs")));
     refresh();
 }
 
 void frmErreur::refresh() {
+    // The entry that is being read stays, as long as it is there.
+    const QModelIndex current = lstMessages_->currentIndex();
+    const auto read = current.isValid() ? std::optional(model_->row(current.row())) : std::nullopt;
     list_.refresh();
     shownVersion_ = context_.session.journalVersion();
     lblErreurs_->setText(toQt(list_.lblErreurs()));
-    lblFichier_->setText(toQt(utf8FromPath(context_.session.facts().FichierTYP)));
-    lblFichier_->setVisible(!lblFichier_->text().isEmpty());
+    showPath();
     model_->reset();
     lstMessages_->setColumnWidth(0, fontMetrics().averageCharWidth() * 18);
     if (model_->rowCount({}) > 0) {
-        lstMessages_->setCurrentIndex(model_->index(0, 0));
+        lstMessages_->setCurrentIndex(model_->index(read ? model_->rowOf(*read) : 0, 0));
     } else {
         txtErreurs_->clear();
     }
+}
+
+void frmErreur::showPath() {
+    lblFichier_->setText(toQt(utf8FromPath(context_.session.facts().FichierTYP)));
+    lblFichier_->setVisible(!lblFichier_->text().isEmpty());
 }
 
 void frmErreur::go(int row) {

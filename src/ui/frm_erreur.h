@@ -32,6 +32,7 @@ class frmErreur : public QDialog {
   private:
     void retranslate();
     void refresh();
+    void showPath();
     void go(int row);
 
     AppContext& context_;

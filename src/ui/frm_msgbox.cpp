@@ -155,10 +155,11 @@ void frmMsgBox::addButtons(QDialogButtonBox& box, const Traduction& traduction,
             button->setFocus();
         }
         connect(button, &QPushButton::clicked, this,
-                guarded("cmdRecommencer_Click", "frmMsgBox", [this, answer = choices[i].answer] {
-                    Retour_ = answer;
-                    accept();
-                }));
+                guarded(std::string(kNames[i]) + "_Click", "frmMsgBox",
+                        [this, answer = choices[i].answer] {
+                            Retour_ = answer;
+                            accept();
+                        }));
     }
 }
 

@@ -47,8 +47,10 @@ frmSauvegardetxt::frmSauvegardetxt(QWidget* parent, AppContext& context)
     connectControls();
     language_ = context.languageChanged.connect([this] { retranslate(); });
     kept_ = context.session.backupKept.connect([this] {
-        browser_.refresh();
-        showState();
+        if (!cmdSessionPrecedente_->isChecked()) {
+            browser_.refresh();
+            showState();
+        }
     });
     retranslate();
 }
@@ -142,8 +144,10 @@ void frmSauvegardetxt::showState() {
     cmdSuivant_->setEnabled(browser_.hasNext());
     cmdCopier_->setEnabled(browser_.count() > 0);
     txtSauvegarde_->setEnabled(browser_.count() > 0);
-    if (const QString text = toQt(browser_.text()); text != txtSauvegarde_->toPlainText()) {
+    // Not compared with the control's, which has other line ends.
+    if (QString text = toQt(browser_.text()); text != shown_) {
         txtSauvegarde_->setPlainText(text);
+        shown_ = std::move(text);
     }
 }
 

@@ -30,6 +30,7 @@ class frmSauvegardetxt : public QDialog {
     std::filesystem::path earlier_;
     QLabel* lblTitre_;
     QPlainTextEdit* txtSauvegarde_;
+    QString shown_;  // in it
     QPushButton* cmdPrecedent_;
     QPushButton* cmdSuivant_;
     QPushButton* cmdSessionPrecedente_;

@@ -9,7 +9,14 @@ namespace quillmark {
 
 namespace {
 
+Dialogues* failureDialogues = nullptr;
+
 void tell(const char* procedure, const std::string& place) {
+    if (failureDialogues != nullptr) {
+        failureDialogues->AfficheMessage(unforeseenText(currentErrorFacts(), procedure, place),
+                                         MessageStyle::ok | MessageStyle::critical, {});
+        return;
+    }
     QMessageBox box(QMessageBox::Critical, QStringLiteral("Quillmark"),
                     toQt(unforeseenText(currentErrorFacts(), procedure, place)));
     box.setTextFormat(Qt::PlainText);
@@ -17,6 +24,14 @@ void tell(const char* procedure, const std::string& place) {
 }
 
 }  // namespace
+
+FailureDialogues::FailureDialogues(Dialogues& dialogues) {
+    failureDialogues = &dialogues;
+}
+
+FailureDialogues::~FailureDialogues() {
+    failureDialogues = nullptr;
+}
 
 void tellUnforeseen(const char* procedure, const char* window) {
     tell(procedure, std::string("Feuille ") + window);

@@ -53,7 +53,8 @@ struct Program {
              }
              return *typesRead;
          },
-         backups, backupLock.isOwned() ? folders.backupFile() : std::filesystem::path()}};
+         // Where no lock can be made, the failing write tells it.
+         backups, backupLock.isTaken() ? std::filesystem::path() : folders.backupFile()}};
     CurrentObject current{session};
     Signal<> languageChanged;
     AppContext context{folders, settings, traduction, dialogues,      tasks,
@@ -87,6 +88,7 @@ End runWindows(Application& application, const std::filesystem::path& file) {
     std::vector<Connection> connections;
     showWork(program.tasks, window.statusLine(), connections);
     program.dialogues.setParent(&window);
+    const FailureDialogues failures(program.dialogues);
     connections.push_back(
         program.session.factsChanged.connect([&program, last = std::filesystem::path()]() mutable {
             const std::filesystem::path& file = program.session.facts().FichierTYP;

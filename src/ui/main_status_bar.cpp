@@ -85,6 +85,7 @@ MainStatusBar::MainStatusBar()
 void MainStatusBar::retranslate(const Traduction& traduction) {
     // What was offered in the language of before is settled by the change.
     offer_->hide();
+    line_->clear();
     cancel_->setText(toQt(traduction.Trad("MsgBox", "Annuler", "MsgBoxAnnuler")));
     errorWord_ = traduction.Trad("Main", "Erreurs :", "staErreurs");
     warningWord_ = traduction.Trad("Main", "Avertissements :", "staAvertissements");

@@ -20,7 +20,10 @@ std::string BackupBrowser::caption(const Traduction& traduction) const {
         hasNext() ? traduction.Trad("Sauvegardetxt", "Sauvegarde au format texte", "msgSauvegarde")
                   : traduction.Trad("Sauvegardetxt", "Dernière sauvegarde au format texte",
                                     "msgDerniereSauvegarde");
-    return words + "  ( " + std::to_string(position_ + 1) + '/' + std::to_string(count()) + " )";
+    // The numbers go on when the oldest elements go.
+    const std::size_t gone = earlierRun_ ? 0 : backups_.number(0);
+    return words + "  ( " + std::to_string(gone + position_ + 1) + '/' +
+           std::to_string(gone + count()) + " )";
 }
 
 std::string BackupBrowser::title() const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
 #include "core/paths.h"
 
 namespace quillmark {
@@ -13,9 +14,25 @@ std::string shownText(const std::string& text) {
     shown.reserve(text.size());
     std::copy_if(text.begin(), text.end(), std::back_inserter(shown),
                  [](char c) { return c != '\r'; });
-    const auto first = shown.find_first_not_of("\n-");
-    const auto last = shown.find_last_not_of("\n- ");
-    return first == std::string::npos ? std::string() : shown.substr(first, last - first + 1);
+    const auto isRule = [](std::string_view line) {
+        return line.find_first_not_of("- ") == std::string_view::npos;
+    };
+    std::string_view rest = shown;
+    for (std::size_t end = 0; !rest.empty(); rest.remove_prefix(end)) {
+        end = std::min(rest.find('\n'), rest.size() - 1) + 1;
+        if (!isRule(trimmed(rest.substr(0, end), "\n"))) {
+            break;
+        }
+    }
+    while (!rest.empty()) {
+        const std::size_t line = rest.rfind('\n');
+        const std::size_t start = line == std::string_view::npos ? 0 : line;
+        if (!isRule(trimmed(rest.substr(start), "\n"))) {
+            break;
+        }
+        rest = rest.substr(0, start);
+    }
+    return std::string(trimmed(rest, " "));
 }
 
 std::string identityOf(std::uint16_t identity) {
@@ -26,9 +43,13 @@ std::string identityOf(std::uint16_t identity) {
 }
 
 template <typename Record>
-int indexOf(const std::vector<Record>& records, std::uint16_t identity) {
+int indexOf(const std::vector<Record>& records, std::uint32_t identity) {
     const auto found = std::find_if(records.begin(), records.end(), [&](const Record& record) {
-        return identityValue(record.Type, record.SubType) == identity;
+        if constexpr (std::is_same_v<Record, ExtraPOI>) {
+            return static_cast<std::uint32_t>(record.BrandID) == identity;
+        } else {
+            return identityValue(record.Type, record.SubType) == static_cast<int>(identity);
+        }
     });
     return found == records.end() ? -1 : static_cast<int>(found - records.begin());
 }
@@ -54,7 +75,10 @@ void JournalList::add(const Journal& journal, JournalKind kind, bool ofView) {
             row.place =
                 traduction_.Trad("Main", "Ligne", "msgLigne") + ' ' + std::to_string(entry->line);
         } else if (entry->object != ObjectKind::none) {
-            row.place = identityOf(entry->identity);
+            row.place = entry->object == ObjectKind::ExtraPOI
+                            ? traduction_.Trad("Icones", "Brand ID", "BrandID") + ": " +
+                                  std::to_string(entry->identity)
+                            : identityOf(static_cast<std::uint16_t>(entry->identity));
         }
         row.text = shownText(entry->text);
         rows_.push_back(std::move(row));
@@ -84,6 +108,9 @@ ObjectRef JournalList::objectOf(const JournalRow& row) const {
             break;
         case ObjectKind::POI:
             index = indexOf(document.POI, row.identity);
+            break;
+        case ObjectKind::ExtraPOI:
+            index = indexOf(document.ExtraPOI, row.identity);
             break;
         default:
             break;

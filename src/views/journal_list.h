@@ -12,11 +12,12 @@ namespace quillmark {
 
 struct JournalRow {
     JournalKind kind = JournalKind::error;
-    std::string place;  // "Ligne 12", "0x10f/04", empty when neither is known
-    std::string text;   // whole, line ends LF, without the one it begins with
+    std::string place;  // "Ligne 12", "0x10f/04", "Brand ID: 12", empty when none is known
+    std::string text;   // line ends LF, without rules and empty lines around it
     int line = 0;       // of the text view, from 1; 0 when none, or of a text it doesn't hold
     ObjectKind object = ObjectKind::none;
-    std::uint16_t identity = 0;
+    std::uint32_t identity = 0;
+    bool operator==(const JournalRow&) const = default;
 };
 
 class JournalList {
