@@ -105,6 +105,11 @@ TEST(ExtraPoi, GroupsAreTakenAsTheIndexPlacesThem) {
     EXPECT_EQ(swapped.document.ExtraPOI[0].BrandID, 1);
     EXPECT_EQ(swapped.document.ExtraPOI[0].POI.at(0).Entete, 8);
     EXPECT_EQ(swapped.document.ExtraPOI[1].POI.at(0).Entete, 4);
+
+    const auto damaged = read("01 09 04 00 00 00 00 01 0D 08 00 00 00 00", "0C 00");
+    ASSERT_FALSE(damaged.journal.entries().empty());
+    EXPECT_EQ(damaged.journal.entries()[0].object, ObjectKind::ExtraPOI);
+    EXPECT_EQ(damaged.journal.entries()[0].identity, 12U);
 }
 
 TEST(ExtraPoi, MembersAreBoundedHoweverManyThereShouldBe) {

@@ -2,6 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "core/clock.h"
+#include "support/generated_document.h"
+#include "text/labels.h"
+#include "typ/writer.h"
 #include "ui/program.h"
 
 namespace quillmark {
@@ -26,6 +32,24 @@ TEST(JournalListTest, EntriesLeadToWhatTheyAreAbout) {
     EXPECT_EQ(list.objectOf(row), (ObjectRef{ObjectKind::Polyline, 0, 0}));
     program.session.edit({}, [](Document& document) { document.Polyline.clear(); });
     EXPECT_EQ(list.objectOf(row), ObjectRef{}) << "it isn't there any more";
+
+    // What the text can't hold.
+    Document document = testing::generatedDocument(7);
+    document.Polyline.at(1).Strings = encodeStrings({{4, "one\ntwo"}}, document.CodePage).Strings;
+    document.Polyline[1].Entete2 |= line_bits::kStrings;
+    const auto typ = program.folder.path() / "a.typ";
+    testing::writePlain(typ, CreerTYP(document, DateTime{2024, 5, 6, 7, 8, 9}).file);
+    program.dialogues.answers = {Answer::no};
+    program.session.ouvrir(typ);
+    list.refresh();
+    const auto told = std::find_if(list.rows().begin(), list.rows().end(), [](const JournalRow& r) {
+        return r.text.starts_with("Fin de ligne");
+    });
+    ASSERT_NE(told, list.rows().end());
+    const ObjectRef object = list.objectOf(*told);
+    ASSERT_EQ(object.kind, ObjectKind::Polyline);
+    EXPECT_EQ(program.document.Polyline.at(static_cast<std::size_t>(object.index)).Strings,
+              document.Polyline[1].Strings);
 }
 
 }  // namespace

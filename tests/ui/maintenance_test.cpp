@@ -66,8 +66,11 @@ TEST(FrmSauvegardetxt, ButtonsWalkAndCopyAndAnEmptyListOnlyCloses) {
     control<QPushButton>(window, "cmdCopier").click();
     EXPECT_EQ(fromQt(QGuiApplication::clipboard()->text()), "one\u00a0\r\n");
 
-    auto& earlier = control<QPushButton>(window, "cmdSessionPrecedente");
     auto& text = control<QPlainTextEdit>(window, "txtSauvegarde");
+    text.moveCursor(QTextCursor::End);
+    program.session.backupKept();
+    EXPECT_TRUE(text.textCursor().atEnd()) << "who reads stays where they are";
+    auto& earlier = control<QPushButton>(window, "cmdSessionPrecedente");
     earlier.click();
     EXPECT_EQ(text.toPlainText(), QStringLiteral("old"));
     EXPECT_EQ(control<QLabel>(window, "lblTitre").text(), QStringLiteral("<b> n°0"));
