@@ -13,7 +13,9 @@ shift || true
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] || targets=(reader parser round_trip)
 
-need "${build_packages[@]}" clang libclang-rt-14-dev
+need "${build_packages[@]}" clang
+# The fuzzer's runtime is a package of its own, named after the compiler's version.
+need "libclang-rt-$(clang++ -dumpversion | cut -d. -f1)-dev"
 cmake --preset fuzz --log-level=WARNING
 cmake --build --preset fuzz -j "$(nproc)"
 

@@ -63,7 +63,7 @@ TEST_F(Corpus, CutFilesOpenInBoundedTime) {
     for (const auto& path : files) {
         SCOPED_TRACE(path.filename());
         const Bytes file = readFile(path);
-        // Every length for small files, some of them for large ones.
+        // Lengths all over the file, and about as many for a large file as for a small one.
         const std::size_t step = 1 + file.size() / 60;
         for (std::size_t length = 0; length < file.size() && !HasFailure(); length += step) {
             SCOPED_TRACE(length);
