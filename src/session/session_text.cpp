@@ -152,7 +152,6 @@ void Session::settingsChanged() {
     view_.stale = true;
     ready_.reset();
     refreshText();
-    markSection(view_.shown);
 }
 
 void Session::markSection(const ObjectRef& object) {

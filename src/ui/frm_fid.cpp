@@ -39,7 +39,6 @@ frmFID::frmFID(QWidget* parent, AppContext& context, const std::string& FID,
     }
     cmdCopier_->setObjectName(QStringLiteral("cmdCopier"));
     cmdCopier_->setIcon(icon("copy"));
-    cmdCopier_->setAutoDefault(false);
     cmdFermer_->setObjectName(QStringLiteral("cmdFermer"));
     cmdFermer_->setDefault(true);
 

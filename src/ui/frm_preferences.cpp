@@ -142,7 +142,6 @@ QGroupBox* frmPreferences::mainWindow() {
     cbbPolice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cbbPolice_->setMinimumContentsLength(16);
     txtTaille_ = named(new QLineEdit, "txtTaille");
-    txtTaille_->setMaxLength(2);
     cbbLangues_ = named(new QComboBox, "cbbLangues");
     addLanguages(*cbbLangues_, t);
 
@@ -210,7 +209,6 @@ QGroupBox* frmPreferences::activities() {
     for (std::size_t i = 0; i < names.size(); ++i) {
         auto* button = new QPushButton(withoutAccessKey(toQt(names[i])));
         button->setObjectName(QStringLiteral("lblActiveRoutingColor%1").arg(i));
-        button->setAutoDefault(false);
         button->setStyleSheet(QStringLiteral("text-align: left; padding: 4px 8px;"));
         lblActiveRoutingColor_[i] = button;
         grid->addWidget(button, static_cast<int>(i % 3), static_cast<int>(i / 3));

@@ -29,6 +29,15 @@ Control* named(const char* name) {
     return control;
 }
 
+// At the last member the keys are to stay with the two buttons, not to change the zoom.
+void enableStep(QToolButton& button, bool enabled, QToolButton& other) {
+    if (!enabled && button.hasFocus()) {
+        other.setEnabled(true);
+        other.setFocus();
+    }
+    button.setEnabled(enabled);
+}
+
 }  // namespace
 
 PreviewPanel::PreviewPanel(AppContext& context, QWidget* parent)
@@ -82,6 +91,7 @@ void PreviewPanel::build() {
     sldZoom_->setSingleStep(kZoomStep);
     sldZoom_->setPageStep(kZoomStep);
     sldZoom_->setTickInterval(kZoomStep);
+    sldZoom_->setTickPosition(QSlider::TicksBelow);
     zoomRow->addWidget(lblZoom_);
     zoomRow->addWidget(sldZoom_, 1);
 
@@ -140,11 +150,17 @@ void PreviewPanel::connectControls() {
             guarded("sldZoom_Change", kWindow, [this](int value) {
                 // Whole factors only, also under the mouse.
                 const int whole = value / kZoomStep * kZoomStep;
+                if (!sldZoom_->isSliderDown()) {
+                    sldZoom_->setValue(whole);
+                }
                 if (pane_.options.sldZoom != whole) {
                     pane_.options.sldZoom = whole;
                     context_.settings.setNumber(keys::kZoomApercu, whole);
                     refresh();
                 }
+            }));
+    connect(sldZoom_, &QSlider::sliderReleased, this, guarded("sldZoom_Change", kWindow, [this] {
+                sldZoom_->setValue(pane_.options.sldZoom);
             }));
     connect(cbbFond_, &QComboBox::activated, this,
             guarded("cbbFond_Click", kWindow, [this](int index) {
@@ -227,8 +243,8 @@ void PreviewPanel::refresh() {
     const int members = pane_.memberCount();
     const ObjectRef& object = context_.current.object();
     members_->setVisible(members > 1);
-    cmdPrecedent_->setEnabled(object.member > 0);
-    cmdSuivant_->setEnabled(object.member + 1 < members);
+    enableStep(*cmdPrecedent_, object.member > 0, *cmdSuivant_);
+    enableStep(*cmdSuivant_, object.member + 1 < members, *cmdPrecedent_);
     lblMembre_->setText(QStringLiteral("%1 / %2").arg(object.member + 1).arg(members));
     if (!isVisible()) {
         return;
@@ -241,8 +257,7 @@ void PreviewPanel::refresh() {
         QLabel& label = *panes_[night ? 1 : 0];
         label.setPixmap(picture);
         label.setToolTip(plainTip(
-            toQt(faultTip(night ? shown.nightFaults : shown.dayFaults,
-                          headByte(context_.session.document(), object), context_.traduction))));
+            toQt(pane_.tip(night ? shown.nightFaults : shown.dayFaults, context_.traduction))));
     }
     captions_[1]->setEnabled(shown.hasNight);
 }

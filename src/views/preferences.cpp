@@ -33,9 +33,8 @@ Preferences::Preferences(Settings& settings)
         lblActiveRoutingColor[i] = settings.number(keys::kActiveRoutingColor[i]);
     }
     constexpr std::size_t kFifth = 4;
-    const std::string stored = settings.text(keys::kActiveRoutingColor[kFifth]);
     if (!settings.isStored(keys::kActiveRoutingColor[kFifth]) ||
-        (std::to_string(lblActiveRoutingColor[kFifth]) != trimmed(stored))) {
+        !wholeNumber<std::int32_t>(trimmed(settings.text(keys::kActiveRoutingColor[kFifth])))) {
         lblActiveRoutingColor[kFifth] = kActivity5InPreferences;
     }
     coloursAtFirst_ = lblActiveRoutingColor;

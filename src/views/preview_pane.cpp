@@ -42,66 +42,45 @@ std::string PreviewPane::lblZoom(const Traduction& traduction) const {
 
 void PreviewPane::select(const ObjectRef& object) {
     object_ = object;
-    rememberPolygon();
+    if (object_.kind == ObjectKind::Polygone) {
+        remember(object_);
+    }
 }
 
-void PreviewPane::rememberPolygon() {
-    if (object_.kind == ObjectKind::Polygone && exists(document_, object_)) {
-        PolygoneAffiche_ = object_;
-        const Polygone& polygon = document_.Polygone[static_cast<std::size_t>(object_.index)];
-        lastType_ = polygon.Type;
-        lastSubType_ = polygon.SubType;
+void PreviewPane::remember(const ObjectRef& polygon) {
+    if (!exists(document_, polygon)) {
+        PolygoneAffiche_ = {};
+        return;
     }
+    PolygoneAffiche_ = polygon;
+    const auto at = document_.Polygone.begin() + polygon.index;
+    lastType_ = at->Type;
+    lastSubType_ = at->SubType;
+    lastRank_ = std::count_if(document_.Polygone.begin(), at, [&](const Polygone& other) {
+        return other.Type == lastType_ && other.SubType == lastSubType_;
+    });
+}
+
+ObjectRef PreviewPane::rememberedPolygon() const {
+    std::ptrdiff_t rank = 0;
+    for (std::size_t i = 0; i < document_.Polygone.size(); ++i) {
+        const Polygone& polygon = document_.Polygone[i];
+        if (polygon.Type == lastType_ && polygon.SubType == lastSubType_ && rank++ == lastRank_) {
+            return {ObjectKind::Polygone, static_cast<int>(i), 0};
+        }
+    }
+    return {};
 }
 
 void PreviewPane::follow(const Change& change) {
-    const bool samePlaces = change.object.kind != ObjectKind::Polygone;
-    switch (change.what) {
-        case Change::What::replaced:
-            PolygoneAffiche_ = {};
-            break;
-        case Change::What::reordered:
-            if (change.reordering) {
-                PolygoneAffiche_ = change.reordering->follow(PolygoneAffiche_);
-            }
-            break;
-        case Change::What::added:
-            if (!samePlaces && PolygoneAffiche_.index >= change.object.index) {
-                ++PolygoneAffiche_.index;
-            }
-            break;
-        case Change::What::removed:
-            if (!samePlaces && PolygoneAffiche_.index == change.object.index) {
-                PolygoneAffiche_ = {};
-            } else if (!samePlaces && PolygoneAffiche_.index > change.object.index) {
-                --PolygoneAffiche_.index;
-            }
-            break;
-        case Change::What::content: {
-            const auto same = [this](const Polygone& polygon) {
-                return polygon.Type == lastType_ && polygon.SubType == lastSubType_;
-            };
-            const auto& polygons = document_.Polygone;
-            if (PolygoneAffiche_.kind == ObjectKind::none ||
-                (exists(document_, PolygoneAffiche_) &&
-                 same(polygons[static_cast<std::size_t>(PolygoneAffiche_.index)]))) {
-                break;
-            }
-            const auto found = std::find_if(polygons.begin(), polygons.end(), same);
-            PolygoneAffiche_ = found == polygons.end()
-                                   ? ObjectRef{}
-                                   : ObjectRef{ObjectKind::Polygone,
-                                               static_cast<int>(found - polygons.begin()), 0};
-            break;
-        }
-        default:
-            break;
-    }
-    if (!exists(document_, PolygoneAffiche_)) {
-        PolygoneAffiche_ = {};
-    }
+    const bool anywhere =
+        change.what == Change::What::content && PolygoneAffiche_.kind != ObjectKind::none;
     // A selected polygon is the last one, whatever became of others.
-    rememberPolygon();
+    if (object_.kind == ObjectKind::Polygone && exists(document_, object_)) {
+        remember(object_);
+    } else {
+        remember(anywhere ? rememberedPolygon() : quillmark::follow(PolygoneAffiche_, change));
+    }
 }
 
 int PreviewPane::memberCount() const {
@@ -123,9 +102,24 @@ PreviewPane::Panes PreviewPane::maj_Aperçu() const {
     panes.day = pane(pictures, below, false);
     panes.night = pane(pictures, below, true);
     panes.hasNight = pictures.hasNight || below.hasNight;
-    panes.dayFaults = pictures.day.faults;
-    panes.nightFaults = pictures.night.faults;
+    panes.dayFaults = {pictures.day.faults, below.day.faults};
+    panes.nightFaults = {pictures.at(true).faults, below.at(true).faults};
     return panes;
+}
+
+std::string PreviewPane::tip(const Faults& faults, const Traduction& traduction) const {
+    std::string tip = faultTip(faults.object, headByte(document_, object_), traduction);
+    const std::uint8_t head = headByte(document_, PolygoneAffiche_);
+    PictureFaults more = faults.below;
+    more.layout = more.layout && !(faults.object.layout && head == headByte(document_, object_));
+    more.colourMode = more.colourMode && !faults.object.colourMode;
+    more.colours = more.colours && !faults.object.colours;
+    more.bytes = more.bytes && !faults.object.bytes;
+    if (more.any()) {
+        tip += tip.empty() ? "" : "\n";
+        tip += faultTip(more, head, traduction);
+    }
+    return tip;
 }
 
 Image PreviewPane::pane(const ObjectPictures& pictures, const ObjectPictures& below,
@@ -141,7 +135,7 @@ Image PreviewPane::pane(const ObjectPictures& pictures, const ObjectPictures& be
         Affiche_Mosaique(pane, picture.image, object_.kind, one);
     }
     paintGround(pane, options.ground, night, one);
-    if (picture.faults.any()) {
+    if (Faults{picture.faults, below.at(night).faults}.any()) {
         const Image mark = faultMark();
         layOver(pane, mark, side - (mark.width() + 4) * one, side - (mark.height() + 4) * one, one);
     }

@@ -41,17 +41,24 @@ class PreviewPane {
     // What superposition lies on; of no kind without one.
     [[nodiscard]] const ObjectRef& PolygoneAffiche() const { return PolygoneAffiche_; }
 
+    struct Faults {
+        PictureFaults object;
+        PictureFaults below;
+        [[nodiscard]] bool any() const { return object.any() || below.any(); }
+    };
+
     // `maj_Aperçu`: the panes, of `kPaneSide` logical pixels in device pixels, the ground and
     // marks painted.
     struct Panes {
         Image day;
         Image night;
         bool hasNight = false;  // the night pane shows a picture of its own
-        // Of the selected object; the tip is `faultTip`.
-        PictureFaults dayFaults;
-        PictureFaults nightFaults;
+        Faults dayFaults;
+        Faults nightFaults;
     };
     [[nodiscard]] Panes maj_Aperçu() const;
+    // One reason a line, each told once; empty without faults.
+    [[nodiscard]] std::string tip(const Faults& faults, const Traduction& traduction) const;
 
     // Members of the selected group, for "<" and ">"; 0 for other kinds.
     [[nodiscard]] int memberCount() const;
@@ -59,14 +66,17 @@ class PreviewPane {
   private:
     [[nodiscard]] Image pane(const ObjectPictures& pictures, const ObjectPictures& below,
                              bool night) const;
-    void rememberPolygon();
+    void remember(const ObjectRef& polygon);
+    [[nodiscard]] ObjectRef rememberedPolygon() const;
 
     const Document& document_;
     ObjectRef object_;
     ObjectRef PolygoneAffiche_;
-    // Of the last polygon, to find it again when anything may have moved.
+    // Of the last polygon, to find it again when anything may have moved: its type, and which one
+    // it is in the row of those that share it.
     std::string lastType_;
     std::string lastSubType_;
+    std::ptrdiff_t lastRank_ = 0;
 };
 
 }  // namespace quillmark

@@ -318,6 +318,11 @@ TEST_F(SessionText, IsMadeWhenItIsSeenAndWhenPreferencesChange) {
     session.refreshText();
     EXPECT_NE(pane.typed, text);
     EXPECT_FALSE(pane.isEdited());
+    // Whoever works elsewhere in the text stays there.
+    session.selectInText(kForest);
+    pane.marked = {-1, -1};
+    session.settingsChanged();
+    EXPECT_EQ(pane.marked.first, -1);
 }
 
 TEST_F(SessionText, AnApplyThatIsCancelledLeavesTextAndDocument) {

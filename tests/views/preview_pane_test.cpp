@@ -266,6 +266,14 @@ TEST(PreviewPane, TheLastPolygonIsKnownByItsIdentity) {
     document.Polygone.erase(document.Polygone.begin());
     EXPECT_EQ(told(Change::What::removed, polygon(0)), ObjectRef{});
 
+    // Of those of one type it stays the one that it was.
+    document.Polygone = {dotted("002", 8, "rg"), dotted("002", 8, "gb")};
+    pane.select(polygon(1));
+    pane.select(point);
+    document.Polygone.insert(document.Polygone.begin(),
+                             {dotted("000", 8, "rg"), dotted("001", 8, "rg")});
+    EXPECT_EQ(told(Change::What::content, {}), polygon(3));
+
     // The neighbour that was selected instead of a deleted polygon is the last one now.
     pane.select(polygon(0));
     EXPECT_EQ(told(Change::What::removed, polygon(0)), polygon(0));
@@ -286,7 +294,17 @@ TEST(PreviewPane, FaultsAndMissingObjectsLeaveTheGroundAndAMark) {
     pane.select({ObjectKind::Polygone, 0, 0});
     const PreviewPane::Panes panes = pane.maj_Aperçu();
     EXPECT_NE(placesOf(panes.day, 'L').size(), 240U * 240U);
-    EXPECT_EQ(faultTip(panes.nightFaults, headByte(document, pane.object()), Traduction()),
+    EXPECT_EQ(pane.tip(panes.nightFaults, Traduction()), "1er octet d'en-tête : 0x0A !!!");
+    EXPECT_EQ(pane.tip(panes.nightFaults, Traduction()), pane.tip(panes.dayFaults, Traduction()));
+
+    // Of the polygon below as well, each reason once.
+    document.Polyline = {dottedLine(1, 2, "k"), dottedLine(1, 6, "kr")};
+    document.Polyline[1].Bitmap.clear();
+    pane.options.mode = PreviewMode::superposition;
+    pane.select({ObjectKind::Polyline, 1, 0});
+    const PreviewPane::Panes over = pane.maj_Aperçu();
+    EXPECT_EQ(pane.tip(over.dayFaults, Traduction()),
+              "Il manque des octets : ces pixels sont transparents.\n"
               "1er octet d'en-tête : 0x0A !!!");
 }
 
