@@ -29,4 +29,7 @@ using Couleur = std::int32_t;  // negative values name system colours of the pla
     return c < 0 ? 0 : couleurFromRgb(blueOf(c), greenOf(c), redOf(c));
 }
 
+// "#RRGGBB"; a system colour counts as black.
+[[nodiscard]] std::string colourText(Couleur colour);
+
 }  // namespace quillmark

@@ -11,10 +11,6 @@
 namespace quillmark {
 namespace {
 
-bool hasPalette(const PoiWorkingForm& form) {
-    return form.NbCouleurs > 0 || form.writeWithPalette;
-}
-
 // A value beyond the palette is seen as transparent too.
 bool isTransparent(const PoiWorkingForm& form, int x, int y) {
     const std::uint8_t value = form.Pixels(x, y);
@@ -127,9 +123,6 @@ std::string lblIsGarminTip(bool allGarmin, const Traduction& traduction) {
 }
 
 void lblIsGarmin_Click(PoiWorkingForm& form, const Traduction& traduction) {
-    if (toutesGarmin(form)) {
-        return;
-    }
     forEachSeen(form, [&](int x, int y) {
         form.image.setPixel(x, y, PlusProcheCouleurGarmin(form.image.pixel(x, y)));
     });

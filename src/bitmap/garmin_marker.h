@@ -18,8 +18,8 @@ namespace quillmark {
 [[nodiscard]] std::string lblIsGarminTip(bool allGarmin, const Traduction& traduction);
 
 // Each colour becomes its nearest of the palette. A picture with palette gets a new one of what its
-// pixels show, by colour and then alpha; transparent pixels stay transparent. Nothing happens, not
-// even to the order of a palette, when all colours belong to it already.
+// pixels show, by colour and then alpha, also when all colours belong to it already; transparent
+// pixels stay transparent.
 void lblIsGarmin_Click(PoiWorkingForm& form, const Traduction& traduction);
 
 }  // namespace quillmark

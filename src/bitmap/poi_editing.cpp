@@ -190,7 +190,6 @@ void chargement_bitmap(PoiWorkingForm& form, const ImagePOI& source, int width, 
     form.ColorMode = source.ColorMode;
     form.Zoom = std::min(10, 240 / std::max({width, height, 1}));
     form.writeWithPalette = source.NbCouleurs == 0 && source.Retente == -1;
-    form.paletteLocked = source.NbCouleurs == 0 && !form.writeWithPalette;
     form.CouleurTransparente = -1;
     form.Pixels = {};
     form.AlphaPixels = {};
@@ -200,10 +199,10 @@ void chargement_bitmap(PoiWorkingForm& form, const ImagePOI& source, int width, 
     forEachPixel(form, [&](int x, int y, std::size_t) { form.AlphaPixels(x, y) = 0; });
 
     loadPalette(form, source, traduction);
-    if (form.paletteLocked) {
-        loadTrueColours(form, source);
-    } else {
+    if (hasPalette(form)) {
         loadIndices(form, source, *bits);
+    } else {
+        loadTrueColours(form, source);
     }
 }
 
@@ -217,7 +216,7 @@ void ecriture_bitmap(const PoiWorkingForm& form, ImagePOI& target, bool& erreur,
     encoded.Retente = form.NbCouleurs == 0 && form.writeWithPalette ? -1 : 0;
     if (form.Largeur == 0 || form.Hauteur == 0) {
         // Neither palette nor pixels belong to a picture without size.
-    } else if (form.NbCouleurs == 0 && !form.writeWithPalette) {
+    } else if (!hasPalette(form)) {
         encoded.Bitmap = trueColourBytes(form);
     } else {
         encoded.Couleurs = paletteBytes(form);
@@ -291,10 +290,6 @@ std::string alphaTip(int alpha, const Traduction& traduction) {
            std::to_string(alpha) + "   " +
            traduction.Trad("Editer", "transparence", "tipTransparence") + ": " +
            std::to_string(alphaPercentage(alpha)) + '%';
-}
-
-std::string colourText(Couleur colour) {
-    return '#' + hexTextUpper(static_cast<std::uint32_t>(EchangeRB(colour)), 6);
 }
 
 }  // namespace quillmark

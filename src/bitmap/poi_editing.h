@@ -57,7 +57,6 @@ struct PoiWorkingForm {
     int Zoom = 0;        // a pixel is shown as Zoom + 1 pixels of the screen
 
     std::array<PaletteSlot, 256> lblpalette;  // slot 255 is "Transparent", no colour
-    bool paletteLocked = false;               // true colours have none to work on
     bool writeWithPalette = false;            // `Retente`: 0 colours, yet coded as indices
 
     PixelMatrix Pixels;                      // palette index; with true colours 0 or 255
@@ -67,6 +66,11 @@ struct PoiWorkingForm {
     Couleur background = couleurFromRgb(240, 240, 240);  // shown for transparent pixels
     Image image;                                         // colours of the pixels
 };
+
+// True colours have none to work on.
+[[nodiscard]] inline bool hasPalette(const PoiWorkingForm& form) {
+    return form.NbCouleurs > 0 || form.writeWithPalette;
+}
 
 // Decodes a picture into the form. Bytes that are missing count as 0. Throws Failure (13
 // conversion), with the form as it was, when the colour mode is none of the three.
@@ -97,7 +101,5 @@ void ajuster_bitmap(PoiWorkingForm& form);
 }
 // "canal alpha = 5   transparence: 33%"
 [[nodiscard]] std::string alphaTip(int alpha, const Traduction& traduction);
-// "#RRGGBB"; a system colour counts as black.
-[[nodiscard]] std::string colourText(Couleur colour);
 
 }  // namespace quillmark

@@ -5,7 +5,6 @@
 
 #include "bitmap/garmin_palette.h"
 #include "bitmap/garmin_swatches.h"
-#include "bitmap/poi_editing.h"
 #include "bitmap/system_colours.h"
 #include "editors/recent_colours.h"
 
@@ -88,7 +87,11 @@ void ColourChooser::Picture2_MouseDown(FieldPoint point) {
 }
 
 void ColourChooser::Picture2_KeyDown(int columns, int rows) {
-    Picture2_MouseDown({state_.cross.x + columns, state_.cross.y + rows});
+    const FieldPoint next{std::clamp(state_.cross.x + columns, 0, kHueFieldWidth - 1),
+                          std::clamp(state_.cross.y + rows, 0, kHueFieldHeight - 1)};
+    if (next.x != state_.cross.x || next.y != state_.cross.y) {
+        Picture2_MouseDown(next);
+    }
 }
 
 void ColourChooser::strip_MouseDown(int row) {
@@ -97,6 +100,13 @@ void ColourChooser::strip_MouseDown(int row) {
     place.L = lightnessOfRow(row);
     choice_.fieldLightness = fieldLightnessFor(place);
     pointTo(place);
+}
+
+void ColourChooser::strip_KeyDown(int rows) {
+    const int next = std::clamp(state_.lightnessRow + rows, 0, kHueFieldHeight - 1);
+    if (next != state_.lightnessRow) {
+        strip_MouseDown(next);
+    }
 }
 
 void ColourChooser::txt_Change(ChooserField field, const std::string& typed) {
@@ -114,10 +124,8 @@ void ColourChooser::txt_LostFocus(ChooserField field) {
     update();
 }
 
-void ColourChooser::cmdAutres_Click(std::optional<Couleur> answer) {
-    if (answer) {
-        take(*answer);
-    }
+void ColourChooser::cmdAutres_Click(Couleur answer) {
+    take(answer);
 }
 
 void ColourChooser::picPicker_Click() {
@@ -199,19 +207,23 @@ void ColourChooser::choose(Couleur colour) {
 
 void ColourChooser::update() {
     state_.colour = ResoudreCouleur(choice_.CouleurChoisie);
-    state_.initial = ResoudreCouleur(request_.colour);
+    state_.CouleurInitiale = ResoudreCouleur(request_.colour);
     state_.lblCouleurChoisieTip = colourText(state_.colour);
     state_.fields = choice_.fields.texts();
-    state_.framed = carreDeCouleur(state_.colour);
     state_.cross = pointOfHls(choice_.place);
     state_.lightnessRow = rowOfLightness(choice_.place.L);
     state_.recent.clear();
     for (const Couleur colour : recent_) {
         state_.recent.push_back({colour, colourText(colour), false});
     }
+    encadrer();
     couleurs_voisines();
     showTab();
     changed();
+}
+
+void ColourChooser::encadrer() {
+    state_.framed = carreDeCouleur(state_.colour);
 }
 
 void ColourChooser::couleurs_voisines() {

@@ -47,14 +47,16 @@ class ColourChooser {
     void Picture1_KeyDown(int columns, int rows);
     // Presses and drags, in pixels of the field or the strip; outside counts as the nearest inside.
     void Picture2_MouseDown(FieldPoint point);
-    void Picture2_KeyDown(int columns, int rows);
     void strip_MouseDown(int row);
+    // Steps of the cross and of the strip's mark. A colour whose mark can't go farther stays.
+    void Picture2_KeyDown(int columns, int rows);
+    void strip_KeyDown(int rows);
 
     void txt_Change(ChooserField field, const std::string& typed);
     void txt_LostFocus(ChooserField field);
 
-    // The answer of the platform's colour dialog, if any.
-    void cmdAutres_Click(std::optional<Couleur> answer);
+    // The answer of the platform's colour dialog.
+    void cmdAutres_Click(Couleur answer);
     // From the screen: the pixels under the pointer are shown, but only the end chooses one.
     void picPicker_Click();
     void Timer1_Timer(Couleur pixel);
@@ -82,6 +84,7 @@ class ColourChooser {
     void pointTo(const Hls& place);
     void choose(Couleur colour);
     void update();
+    void encadrer();
     void couleurs_voisines();
     void showTab();
     [[nodiscard]] bool bits16() const { return state_.tab == ChooserTab::bits16; }

@@ -27,12 +27,12 @@ struct ChooserSwatch {
 
 struct ChooserState {
     ChooserTab tab = ChooserTab::series60;
-    bool Picture1 = true;     // swatches of the palette
-    bool Picture2 = false;    // colour field and its strip
-    bool picHLSRGB = false;   // number fields
-    bool picVoisines = true;  // neighbours
-    Couleur colour = 0;       // of `lblCouleurChoisie`, always a plain colour
-    Couleur initial = 0;      // what the dialog was opened with, plain too
+    bool Picture1 = true;         // swatches of the palette
+    bool Picture2 = false;        // colour field and its strip
+    bool picHLSRGB = false;       // number fields
+    bool picVoisines = true;      // neighbours
+    Couleur colour = 0;           // of `lblCouleurChoisie`, always a plain colour
+    Couleur CouleurInitiale = 0;  // what the dialog was opened with, plain too
     std::string lblCouleurChoisieTip;
     std::array<std::string, kChooserFields> fields;  // texts by `ChooserField`
     int framed = 0;                                  // swatch of the palette, 0 for none

@@ -8,8 +8,6 @@
 namespace quillmark {
 namespace {
 
-constexpr std::size_t kDigits = 3;
-
 bool isRgb(ChooserField field) {
     return field <= ChooserField::txtBlue;
 }
@@ -48,6 +46,10 @@ void ColourFields::show(Couleur colour) {
     set(ChooserField::txtRed, levelOfByte(parts.red, kFiveBitsMax));
     set(ChooserField::txtGreen, levelOfByte(parts.green, kSixBitsMax));
     set(ChooserField::txtBlue, levelOfByte(parts.blue, kFiveBitsMax));
+    showHls(colour);
+}
+
+void ColourFields::showHls(Couleur colour) {
     const HlsFields hls = fieldsFromHls(hlsOf(colour));
     set(ChooserField::txtHue, hls.hue);
     set(ChooserField::txtSat, hls.sat);
@@ -58,7 +60,7 @@ std::optional<Couleur> ColourFields::change(ChooserField field, std::string_view
     std::string digits;
     std::copy_if(typed.begin(), typed.end(), std::back_inserter(digits),
                  [](char c) { return c >= '0' && c <= '9'; });
-    digits.resize(std::min(digits.size(), kDigits));
+    digits.resize(std::min(digits.size(), kFieldDigits));
     const int before = value(field);
     const int number = std::min(numberOf(digits), maximumOf(field));
     texts_[static_cast<std::size_t>(field)] =
@@ -68,10 +70,7 @@ std::optional<Couleur> ColourFields::change(ChooserField field, std::string_view
     }
     const Couleur colour = typedColour(field);
     if (isRgb(field)) {
-        const HlsFields hls = fieldsFromHls(hlsOf(colour));
-        set(ChooserField::txtHue, hls.hue);
-        set(ChooserField::txtSat, hls.sat);
-        set(ChooserField::txtLum, hls.lum);
+        showHls(colour);
     } else {
         // This way cuts bits off, where showing a colour scales: people know the numbers of both.
         set(ChooserField::txtRed, redOf(colour) >> 3);

@@ -15,6 +15,7 @@ namespace quillmark {
 
 enum class ChooserField : std::uint8_t { txtRed, txtGreen, txtBlue, txtHue, txtSat, txtLum };
 inline constexpr std::size_t kChooserFields = 6;
+inline constexpr std::size_t kFieldDigits = 3;
 
 [[nodiscard]] int maximumOf(ChooserField field);
 
@@ -38,6 +39,7 @@ class ColourFields {
 
   private:
     void set(ChooserField field, int value);
+    void showHls(Couleur colour);
     [[nodiscard]] Couleur typedColour(ChooserField field) const;
 
     std::array<std::string, kChooserFields> texts_;

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 
-#include "bitmap/poi_editing.h"
 #include "core/ascii.h"
 
 namespace quillmark {

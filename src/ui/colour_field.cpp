@@ -3,8 +3,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <optional>
 
-#include "ui/guard.h"
 #include "ui/swatch_grid.h"
 
 namespace quillmark {
@@ -57,9 +57,7 @@ void ColourField::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QRect inside(QPoint(kMargin, kMargin), size_);
     painter.drawImage(inside, picture_);
-    QColor edge = palette().color(QPalette::WindowText);
-    edge.setAlphaF(0.25F);
-    painter.setPen(edge);
+    painter.setPen(swatchEdge(palette()));
     painter.drawRect(inside.adjusted(0, 0, -1, -1));
     if (mark_ == Mark::cross) {
         painter.save();
@@ -80,8 +78,7 @@ void ColourField::paintEvent(QPaintEvent* /*event*/) {
 void ColourField::press(const QMouseEvent& event) const {
     if (pressed && event.buttons().testFlag(Qt::LeftButton)) {
         const QPointF at = event.position() - QPointF(kMargin, kMargin);
-        guarded("Picture2_MouseDown", "frmPalette",
-                pressed)(QPoint(qFloor(at.x()), qFloor(at.y())));
+        pressed(QPoint(qFloor(at.x()), qFloor(at.y())));
     }
 }
 
@@ -95,20 +92,12 @@ void ColourField::mouseMoveEvent(QMouseEvent* event) {
 
 void ColourField::keyPressEvent(QKeyEvent* event) {
     const int far = event->modifiers().testFlag(Qt::ShiftModifier) ? kFarther : 1;
-    const auto step = [this, far](int columns, int rows) {
-        guarded("Picture2_KeyDown", "frmPalette", moved)(columns * far, rows * far);
-    };
-    switch (event->key()) {
-        case Qt::Key_Left:
-            return step(-1, 0);
-        case Qt::Key_Right:
-            return step(1, 0);
-        case Qt::Key_Up:
-            return step(0, -1);
-        case Qt::Key_Down:
-            return step(0, 1);
-        default:
-            QWidget::keyPressEvent(event);
+    const std::optional<QPoint> way = arrowOf(*event);
+    if (!way) {
+        return QWidget::keyPressEvent(event);
+    }
+    if (moved) {
+        moved(way->x() * far, way->y() * far);
     }
 }
 

@@ -2,14 +2,15 @@
 
 #include <QColorDialog>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTabBar>
 #include <QVBoxLayout>
 #include <utility>
 
+#include "bitmap/colour.h"
 #include "bitmap/garmin_swatches.h"
-#include "bitmap/poi_editing.h"
 #include "editors/recent_colours.h"
 #include "paint/qt_image.h"
 #include "ui/colour_field.h"
@@ -164,20 +165,35 @@ void frmPalette::buildPictures() {
 }
 
 void frmPalette::connectPictures() {
-    Picture1_->chosen = [this](int index) { chooser_.Carré_Click(index + 1); };
-    Picture1_->moved = [this](int columns, int rows) { chooser_.Picture1_KeyDown(columns, rows); };
-    Picture1_->setSwatches(paletteSwatches());
-    corners_->chosen = [this](int index) { chooser_.Carré_Click(kFirstNeighbour + index); };
-    nearest_->setFirstChoice(1);
-    nearest_->chosen = [this](int index) { chooser_.Carré_Click(kChosenSwatch + index); };
-    recent_->chosen = [this](int index) { chooser_.recent_Click(static_cast<std::size_t>(index)); };
-    lblCouleurInitiale_->chosen = [this](int /*index*/) { chooser_.lblCouleurInitiale_Click(); };
-    Picture2_->pressed = [this](QPoint at) { chooser_.Picture2_MouseDown({at.x(), at.y()}); };
-    Picture2_->moved = [this](int columns, int rows) { chooser_.Picture2_KeyDown(columns, rows); };
-    strip_->pressed = [this](QPoint at) { chooser_.strip_MouseDown(at.y()); };
-    strip_->moved = [this](int /*columns*/, int rows) {
-        chooser_.strip_MouseDown(chooser_.state().lightnessRow + rows);
+    const auto handler = [](const char* name, auto action) {
+        return guarded(name, "frmPalette", std::move(action));
     };
+    Picture1_->chosen =
+        handler("Carré_Click", [this](int index) { chooser_.Carré_Click(index + 1); });
+    Picture1_->moved = handler("Picture1_KeyDown", [this](int columns, int rows) {
+        chooser_.Picture1_KeyDown(columns, rows);
+    });
+    Picture1_->setSwatches(paletteSwatches());
+    corners_->chosen = handler(
+        "Carré_Click", [this](int index) { chooser_.Carré_Click(kFirstNeighbour + index); });
+    nearest_->setFirstChoice(1);
+    nearest_->chosen =
+        handler("Carré_Click", [this](int index) { chooser_.Carré_Click(kChosenSwatch + index); });
+    recent_->chosen = handler("lblRecente_Click", [this](int index) {
+        chooser_.recent_Click(static_cast<std::size_t>(index));
+    });
+    lblCouleurInitiale_->chosen = handler(
+        "lblCouleurInitiale_Click", [this](int /*index*/) { chooser_.lblCouleurInitiale_Click(); });
+    Picture2_->pressed = handler("Picture2_MouseDown", [this](QPoint at) {
+        chooser_.Picture2_MouseDown({at.x(), at.y()});
+    });
+    Picture2_->moved = handler("Picture2_KeyDown", [this](int columns, int rows) {
+        chooser_.Picture2_KeyDown(columns, rows);
+    });
+    strip_->pressed =
+        handler("sldLum_MouseDown", [this](QPoint at) { chooser_.strip_MouseDown(at.y()); });
+    strip_->moved = handler("sldLum_KeyDown",
+                            [this](int /*columns*/, int rows) { chooser_.strip_KeyDown(rows); });
 }
 
 void frmPalette::buildFields() {
@@ -200,9 +216,6 @@ void frmPalette::buildButtons() {
     cmdAutres_ = named(new QPushButton, "cmdAutres");
     cmdOK_ = named(new QPushButton, "cmdOK");
     cmdAnnuler_ = named(new QPushButton, "cmdAnnuler");
-    for (QPushButton* button : {picPicker_, cmdAutres_, cmdAnnuler_}) {
-        button->setAutoDefault(false);
-    }
     cmdOK_->setDefault(true);
     connect(picPicker_, &QPushButton::clicked, this,
             guarded("picPicker_Click", "frmPalette", [this] { picPicker_Click(); }));
@@ -339,8 +352,8 @@ void frmPalette::showState() {
     Picture2_->setAccessibleDescription(toQt(text));
     lblCouleurChoisie_->setSwatches({{state.colour, text, false}});
     lblCouleurInitiale_->setSwatches(
-        {{state.initial,
-          fromQt(lblCouleurInitiale_->accessibleName()) + " : " + colourText(state.initial),
+        {{state.CouleurInitiale,
+          fromQt(lblCouleurInitiale_->accessibleName()) + " : " + colourText(state.CouleurInitiale),
           false}});
     // Under the colour field there is room for all of them in one row.
     const bool wide = state.Picture1 && state.Picture2;
@@ -352,10 +365,16 @@ void frmPalette::showState() {
 }
 
 void frmPalette::cmdAutres_Click() {
-    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(toQRgb(chooser_.state().colour)),
-                                                 this, windowTitle());
-    chooser_.cmdAutres_Click(chosen.isValid() ? std::optional(toCouleur(chosen.rgb()))
-                                              : std::nullopt);
+    chooser_.picPicker_End(std::nullopt);
+    auto* dialog = new QColorDialog(QColor::fromRgb(toQRgb(chooser_.state().colour)), this);
+    dialog->setObjectName(QStringLiteral("dlgCouleur"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(windowTitle());
+    connect(dialog, &QColorDialog::colorSelected, this,
+            guarded("cmdAutres_Click", "frmPalette", [this](const QColor& colour) {
+                chooser_.cmdAutres_Click(toCouleur(colour.rgb()));
+            }));
+    dialog->open();
 }
 
 void frmPalette::picPicker_Click() {
@@ -369,18 +388,22 @@ void frmPalette::picPicker_Click() {
 }
 
 void frmPalette::cmdOK_Click() {
-    screen_->giveUp();
     CouleurChoisie_ = chooser_.cmdOK_Click();
     accept();
 }
 
 void frmPalette::reject() {
-    screen_->giveUp();
-    if (chooser_.state().picking) {
-        return chooser_.picPicker_End(std::nullopt);
-    }
     chooser_.cmdAnnuler_Click();
     QDialog::reject();
+}
+
+// Escape ends a look at the screen first.
+void frmPalette::keyPressEvent(QKeyEvent* event) {
+    if (chooser_.state().picking && event->matches(QKeySequence::Cancel)) {
+        chooser_.picPicker_End(std::nullopt);
+    } else {
+        QDialog::keyPressEvent(event);
+    }
 }
 
 void chooseColour(QWidget* parent, AppContext& context, std::int32_t colour,

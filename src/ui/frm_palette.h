@@ -33,6 +33,9 @@ class frmPalette : public QDialog {
 
     void reject() override;
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     void buildPictures();
     void buildFields();

@@ -4,6 +4,7 @@
 #include <QStyleOptionSpinBox>
 #include <algorithm>
 
+#include "editors/colour_fields.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"
 
@@ -23,7 +24,9 @@ NumberBox::NumberBox(const char* objectName, int maximum) : maximum_(maximum) {
 
 void NumberBox::show(const std::string& text) {
     if (lineEdit()->text() != toQt(text)) {
+        const int caret = lineEdit()->cursorPosition();
         lineEdit()->setText(toQt(text));
+        lineEdit()->setCursorPosition(caret);
     }
 }
 
@@ -33,8 +36,13 @@ void NumberBox::stepBy(int steps) {
     selectAll();
 }
 
-QValidator::State NumberBox::validate(QString& /*text*/, int& /*position*/) const {
-    return QValidator::Acceptable;
+// A digit too many is refused where it is typed, instead of pushing out the last one.
+QValidator::State NumberBox::validate(QString& text, int& position) const {
+    const auto isOther = [](QChar c) { return c < QLatin1Char('0') || c > QLatin1Char('9'); };
+    position -= static_cast<int>(std::count_if(text.cbegin(), text.cbegin() + position, isOther));
+    text.removeIf(isOther);
+    return text.size() > static_cast<qsizetype>(kFieldDigits) ? QValidator::Invalid
+                                                              : QValidator::Acceptable;
 }
 
 QAbstractSpinBox::StepEnabled NumberBox::stepEnabled() const {

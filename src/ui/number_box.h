@@ -1,4 +1,5 @@
-// A spin box that leaves all judgement of what is typed to whoever it tells.
+// A spin box for a field of the colour chooser: it takes digits and leaves all other judgement of
+// what is typed to whoever it tells.
 #pragma once
 
 #include <QAbstractSpinBox>

@@ -18,7 +18,11 @@ class PicturedScreens : public ScreenColour {
 
     void probe(std::function<void(bool)> answer) override {
         const QString platform = QGuiApplication::platformName();
-        answer(platform == QLatin1String("xcb") || platform == QLatin1String("windows"));
+        // There the pictures hold none of the other programs' windows.
+        const bool onWayland = qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+                               qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
+        answer((platform == QLatin1String("xcb") && !onWayland) ||
+               platform == QLatin1String("windows"));
     }
 
     void pick(QWidget& window, Seen seen, Ended ended) override {
@@ -74,22 +78,49 @@ class PortalOrPictures : public ScreenColour {
             portal_.reset();
             return pictures_.probe(answer);
         }
-        portal_->probe([this, answer](bool works) {
+        answer_ = answer;
+        portal_->probe([this](bool works) {
             viaPortal_ = works;
-            works ? answer(true) : pictures_.probe(answer);
+            works ? answer_(true) : pictures_.probe(answer_);
         });
     }
     void pick(QWidget& window, Seen seen, Ended ended) override {
-        used().pick(window, std::move(seen), std::move(ended));
+        if (!viaPortal_) {
+            return pictures_.pick(window, std::move(seen), std::move(ended));
+        }
+        asked_ = {&window, std::move(seen), ended};
+        portal_->pick(window, {}, std::move(ended));
     }
-    void giveUp() override { used().giveUp(); }
+    void giveUp() override {
+        asked_ = {};
+        viaPortal_ ? portal_->giveUp() : pictures_.giveUp();
+    }
 
   private:
-    ScreenColour& used() { return viaPortal_ ? *portal_ : pictures_; }
+    struct Asked {
+        QPointer<QWidget> window;
+        Seen seen;
+        Ended ended;
+    };
+    // A portal that offers what it can't do: from now on as without one.
+    void portalFailed() {
+        viaPortal_ = false;
+        const Asked asked = std::exchange(asked_, {});
+        pictures_.probe([&](bool works) {
+            answer_(works);
+            if (works && asked.window) {
+                pictures_.pick(*asked.window, asked.seen, asked.ended);
+            } else if (asked.ended) {
+                asked.ended(std::nullopt);
+            }
+        });
+    }
 
-    std::unique_ptr<ScreenColour> portal_ = portalScreenColour();
+    std::unique_ptr<ScreenColour> portal_ = portalScreenColour([this] { portalFailed(); });
     PicturedScreens pictures_;
     bool viaPortal_ = false;
+    std::function<void(bool)> answer_;
+    Asked asked_;
 };
 
 }  // namespace

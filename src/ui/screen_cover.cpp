@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "bitmap/poi_editing.h"
+#include "bitmap/colour.h"
 #include "paint/qt_image.h"
 #include "ui/guard.h"
 #include "ui/qt_text.h"

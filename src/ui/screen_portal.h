@@ -5,7 +5,8 @@
 
 namespace quillmark {
 
-// Null on platforms without one.
-[[nodiscard]] std::unique_ptr<ScreenColour> portalScreenColour();
+// Null on platforms without one. `failed` is told in place of a pick's end when the desktop can't
+// do what it offers.
+[[nodiscard]] std::unique_ptr<ScreenColour> portalScreenColour(std::function<void()> failed);
 
 }  // namespace quillmark

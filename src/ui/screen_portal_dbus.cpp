@@ -23,6 +23,9 @@ constexpr QLatin1String kScreenshot("org.freedesktop.portal.Screenshot");
 constexpr QLatin1String kRequest("org.freedesktop.portal.Request");
 constexpr QLatin1String kResponse("Response");
 constexpr unsigned kFirstVersionThatPicks = 2;
+// Of a request: 0 is done, 1 the user's no, everything else a failure.
+constexpr unsigned kDone = 0;
+constexpr unsigned kGivenUp = 1;
 constexpr int kProbeMilliseconds = 3000;
 // Longer than anybody looks for a colour: some desktops answer the call only at its end.
 constexpr int kPickMilliseconds = 600000;
@@ -55,6 +58,7 @@ class PortalScreen : public QObject, public ScreenColour {
     Q_OBJECT
 
   public:
+    explicit PortalScreen(std::function<void()> failed) : failed_(std::move(failed)) {}
     ~PortalScreen() override { PortalScreen::giveUp(); }
 
     void probe(std::function<void(bool)> answer) override {
@@ -85,7 +89,7 @@ class PortalScreen : public QObject, public ScreenColour {
                 return;
             }
             if (reply.isError()) {
-                end(std::nullopt);
+                fail();
             } else if (reply.value().path() != request_) {
                 listenTo(reply.value().path());
             }
@@ -103,7 +107,9 @@ class PortalScreen : public QObject, public ScreenColour {
 
   private Q_SLOTS:
     void respond(uint response, const QVariantMap& results) {
-        end(response == 0 ? colourOf(results.value(QStringLiteral("color"))) : std::nullopt);
+        const std::optional<Couleur> colour =
+            response == kDone ? colourOf(results.value(QStringLiteral("color"))) : std::nullopt;
+        colour || response == kGivenUp ? end(colour) : fail();
     }
 
   private:
@@ -135,6 +141,13 @@ class PortalScreen : public QObject, public ScreenColour {
         }
     }
 
+    void fail() {
+        listenTo({});
+        ended_ = {};
+        guarded("picPicker_Click", "frmPalette", failed_)();
+    }
+
+    std::function<void()> failed_;
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     QString request_;  // object path, empty without a pick
     Ended ended_;
@@ -143,8 +156,8 @@ class PortalScreen : public QObject, public ScreenColour {
 
 }  // namespace
 
-std::unique_ptr<ScreenColour> portalScreenColour() {
-    return std::make_unique<PortalScreen>();
+std::unique_ptr<ScreenColour> portalScreenColour(std::function<void()> failed) {
+    return std::make_unique<PortalScreen>(std::move(failed));
 }
 
 }  // namespace quillmark

@@ -2,7 +2,7 @@
 
 namespace quillmark {
 
-std::unique_ptr<ScreenColour> portalScreenColour() {
+std::unique_ptr<ScreenColour> portalScreenColour(std::function<void()> /*failed*/) {
     return nullptr;
 }
 

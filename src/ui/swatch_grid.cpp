@@ -8,19 +8,30 @@
 #include <utility>
 
 #include "paint/qt_image.h"
-#include "ui/guard.h"
 #include "ui/qt_text.h"
 
 namespace quillmark {
-namespace {
 
-QColor edgeOn(const QPalette& palette) {
+QColor swatchEdge(const QPalette& palette) {
     QColor edge = palette.color(QPalette::WindowText);
     edge.setAlphaF(0.25F);
     return edge;
 }
 
-}  // namespace
+std::optional<QPoint> arrowOf(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Left:
+            return QPoint(-1, 0);
+        case Qt::Key_Right:
+            return QPoint(1, 0);
+        case Qt::Key_Up:
+            return QPoint(0, -1);
+        case Qt::Key_Down:
+            return QPoint(0, 1);
+        default:
+            return std::nullopt;
+    }
+}
 
 void drawFrame(QPainter& painter, const QRect& cell) {
     painter.setBrush(Qt::NoBrush);
@@ -90,7 +101,7 @@ int SwatchGrid::indexAt(QPoint point) const {
 
 void SwatchGrid::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    const QColor edge = edgeOn(palette());
+    const QColor edge = swatchEdge(palette());
     for (int i = 0; i < count(); ++i) {
         const QRect cell = cellAt(i);
         painter.fillRect(cell, toQRgb(swatches_[static_cast<std::size_t>(i)].colour));
@@ -151,30 +162,16 @@ void SwatchGrid::mousePressEvent(QMouseEvent* event) {
         return QWidget::mousePressEvent(event);
     }
     current_ = index;
-    guarded("Carré_Click", "frmPalette", chosen)(index);
+    chosen(index);
 }
 
 void SwatchGrid::keyPressEvent(QKeyEvent* event) {
-    const auto step = [this](int columns, int rows) {
-        moved ? guarded("Picture1_KeyDown", "frmPalette", moved)(columns, rows)
-              : walk(columns, rows);
-    };
-    switch (event->key()) {
-        case Qt::Key_Left:
-            return step(-1, 0);
-        case Qt::Key_Right:
-            return step(1, 0);
-        case Qt::Key_Up:
-            return step(0, -1);
-        case Qt::Key_Down:
-            return step(0, 1);
-        case Qt::Key_Space:
-            if (!moved && chosen && count() > 0) {
-                guarded("Carré_Click", "frmPalette", chosen)(current_);
-            }
-            return;
-        default:
-            QWidget::keyPressEvent(event);
+    if (const std::optional<QPoint> way = arrowOf(*event)) {
+        moved ? moved(way->x(), way->y()) : walk(way->x(), way->y());
+    } else if (event->key() != Qt::Key_Space) {
+        QWidget::keyPressEvent(event);
+    } else if (!moved && chosen && count() > 0) {
+        chosen(current_);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "editors/colour_chooser_state.h"
@@ -60,6 +61,11 @@ class SwatchGrid : public QWidget {
     int firstChoice_ = 0;
     int current_ = 0;  // of the keyboard
 };
+
+// Around colours, so that those of the window's ground have an end.
+[[nodiscard]] QColor swatchEdge(const QPalette& palette);
+// The way that an arrow key points, one step; nothing for other keys.
+[[nodiscard]] std::optional<QPoint> arrowOf(const QKeyEvent& event);
 
 // Two rings that show on every colour: white on the edge of `cell`, black just around it.
 void drawFrame(QPainter& painter, const QRect& cell);

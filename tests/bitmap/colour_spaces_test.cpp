@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "bitmap/poi_editing.h"
+#include "bitmap/colour.h"
 #include "support/colour_checks.h"
 
 namespace quillmark {

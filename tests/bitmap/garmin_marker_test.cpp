@@ -44,6 +44,9 @@ const std::vector<Row>& rows() {
          2, "00 00 00 10 10 10", "CD"},
         {"all of the palette", 2, 0x00, "00 00 00 FF FF FF", "05", true, 2, "00 00 00 FF FF FF",
          "05"},
+        // White, unused black, blue, white again.
+        {"sorted and freed of repeats", 4, 0x00, "FF FF FF 00 00 00 FF 00 00 FF FF FF", "20 03",
+         true, 2, "FF 00 00 FF FF FF", "51"},
         {"true colours", 0, 0x00, "", "11 11 11 FF FF FF 41 30 7C 00 00 00", false, 0, "",
          "10 10 10 FF FF FF 41 30 7B 00 00 00"},
         // The third pixel would take the colour that stands for transparent.

@@ -4,8 +4,8 @@
 
 #include <set>
 
+#include "bitmap/colour.h"
 #include "bitmap/garmin_swatches.h"
-#include "bitmap/poi_editing.h"
 #include "bitmap/system_colours.h"
 #include "support/colour_checks.h"
 

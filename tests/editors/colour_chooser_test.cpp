@@ -7,8 +7,8 @@
 #include <memory>
 #include <set>
 
+#include "bitmap/colour.h"
 #include "bitmap/garmin_swatches.h"
-#include "bitmap/poi_editing.h"
 #include "bitmap/sixteen_bits.h"
 #include "editors/recent_colours.h"
 #include "support/colour_checks.h"
@@ -211,6 +211,16 @@ TEST_F(ColourChooserTest, TheFieldGivesThePixelThatIsPointedAt) {
         chooser->Picture2_KeyDown(1, 0);
         ASSERT_EQ(state().cross.x, column);
     }
+    // Keys that can't move a mark leave a colour that isn't of the field as it is.
+    open("#101010", ChooserTab::all);
+    chooser->Picture2_KeyDown(-1, 1);
+    chooser->strip_KeyDown(0);
+    EXPECT_EQ(colour(), "#101010");
+    chooser->strip_KeyDown(1);
+    EXPECT_NE(colour(), "#101010");
+    open("#000000", ChooserTab::bits16);
+    chooser->strip_KeyDown(10);
+    EXPECT_TRUE(told.empty());
     for (int level = 0; level <= kFiveBitsMax; ++level) {
         const Couleur grey =
             couleurFromRgb(byteOfLevel(level, kFiveBitsMax), byteOfLevel(level, kSixBitsMax),
@@ -228,7 +238,6 @@ TEST_F(ColourChooserTest, EachChangeIsToldAndCancelTellsTheFirst) {
     chooser->Carré_Click(kFirstNeighbour);
     chooser->Carré_Click(255);
     chooser->txt_Change(txtRed, "31");
-    chooser->cmdAutres_Click(std::nullopt);
     chooser->lblCouleurInitiale_Click();
     EXPECT_EQ(told, (std::vector<std::string>{"#7B3041", "#390020", "#FF0018", "#7C3041"}));
     chooser->Carré_Click(1);

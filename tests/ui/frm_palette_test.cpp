@@ -1,5 +1,6 @@
 #include "ui/frm_palette.h"
 
+#include <QColorDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -98,6 +99,16 @@ TEST(FrmPalette, FieldsTakeWhatIsTypedAndEscapeGivesTheFirstColourBack) {
     QTest::keyClicks(&line, QStringLiteral("10x"));
     EXPECT_EQ(line.text(), QStringLiteral("10"));
     EXPECT_EQ(chooser.text(), QStringLiteral("#520000"));
+    // A digit too many and a letter change nothing, wherever they are typed.
+    auto& hue = *chooser.control<NumberBox>("txtHue").findChild<QLineEdit*>();
+    hue.selectAll();
+    QTest::keyClicks(&hue, QStringLiteral("120"));
+    hue.setCursorPosition(1);
+    QTest::keyClicks(&hue, QStringLiteral("1x"));
+    EXPECT_EQ(hue.text(), QStringLiteral("120"));
+    EXPECT_EQ(hue.cursorPosition(), 1);
+    line.selectAll();
+    QTest::keyClicks(&line, QStringLiteral("10"));
     // Steps go on from what stands there and not from what its colour would show.
     red.stepBy(1);
     EXPECT_EQ(line.text(), QStringLiteral("11"));
@@ -123,11 +134,24 @@ TEST(FrmPalette, TheScreenGivesAColourOrNothing) {
     pick.click();
     chooser.screen->ended(kBlue);
     EXPECT_EQ(chooser.told, std::vector{kBlue});
+    // The desktop's dialog ends it too, and its answer counts.
+    pick.click();
+    chooser.control<QPushButton>("cmdAutres").click();
+    EXPECT_FALSE(chooser.screen->ended);
+    auto& dialog = chooser.control<QColorDialog>("dlgCouleur");
+    dialog.setCurrentColor(QColor(0, 255, 0));
+    dialog.accept();
+    EXPECT_EQ(chooser.text(), QStringLiteral("#00FF00"));
     // So does a choice in the window.
     pick.click();
     QTest::mouseClick(&chooser.control("lblCouleurInitiale"), Qt::LeftButton);
     EXPECT_FALSE(chooser.screen->ended);
     EXPECT_EQ(chooser.told.back(), kRed);
+
+    // The cancel button ends all at once.
+    pick.click();
+    chooser.control<QPushButton>("cmdAnnuler").click();
+    EXPECT_FALSE(chooser.window->isVisible());
 
     Chooser blind(false);
     EXPECT_FALSE(blind.control<QPushButton>("picPicker").isEnabled());
