@@ -105,14 +105,16 @@ class PortalScreen : public QObject, public ScreenColour {
         ended_ = {};
     }
 
-  private Q_SLOTS:
-    void respond(uint response, const QVariantMap& results) {
+  private:
+    Q_SLOT void respond(uint response, const QVariantMap& results) {
         const std::optional<Couleur> colour =
             response == kDone ? colourOf(results.value(QStringLiteral("color"))) : std::nullopt;
-        colour || response == kGivenUp ? end(colour) : fail();
+        if (colour || response == kGivenUp) {
+            end(colour);
+        } else {
+            fail();
+        }
     }
-
-  private:
     void whenDone(const QDBusMessage& call, int milliseconds,
                   std::function<void(const QDBusPendingCall&)> done) {
         auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call, milliseconds), this);
