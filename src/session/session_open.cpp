@@ -202,7 +202,8 @@ void Session::put(Loaded loaded, const fs::path& file) {
     facts_.hasDocument = true;
     facts_.OuvertEnTexte = opened.OuvertEnTexte;
     facts_.utf8 = opened.utf8;
-    facts_.hasMagic = opened.OuvertEnTexte || opened.hasMagic;
+    // A text under the name of a TYP file is asked about before a save would compile over it.
+    facts_.hasMagic = opened.OuvertEnTexte ? !hasExtension(file, ".typ") : opened.hasMagic;
     facts_.FichierTYP = file;
     if (opened.journal.ErreurFlag()) {
         facts_.damagedFile = file;

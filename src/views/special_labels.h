@@ -22,12 +22,11 @@ class SpecialLabels {
 
     // As many as there are texts or whole entries of either table.
     [[nodiscard]] const std::vector<SpecialLabel>& rows() const { return rows_; }
-    // Of these, how many have a text of their own, be it an empty one.
     [[nodiscard]] std::string title(const Traduction& traduction) const;
 
   private:
     std::vector<SpecialLabel> rows_;
-    int texts_ = 0;
+    int texts_ = 0;  // rows with a text of their own, be it an empty one
 };
 
 }  // namespace quillmark
